@@ -1,0 +1,11 @@
+# Cross build with Debian's mingw-w64; KESTRUM_TRIPLE is x86_64-w64-mingw32 or i686-w64-mingw32.
+# The win32 threads variant is used: the posix one would need functions that XP does not have.
+set(CMAKE_TRY_COMPILE_PLATFORM_VARIABLES KESTRUM_TRIPLE)
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_C_COMPILER ${KESTRUM_TRIPLE}-gcc-win32)
+set(CMAKE_CXX_COMPILER ${KESTRUM_TRIPLE}-g++-win32)
+set(CMAKE_RC_COMPILER ${KESTRUM_TRIPLE}-windres)
+set(CMAKE_FIND_ROOT_PATH /usr/${KESTRUM_TRIPLE})
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)

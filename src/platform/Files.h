@@ -1,0 +1,31 @@
+// Files and folders. Paths are text in the process's code page, separated by "\"; a path that holds a NUL
+// names nothing. No function here reports more than success.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace platform {
+
+// The whole content; nullopt when the file is missing, a folder, unreadable or larger than `maxBytes`.
+std::optional<std::string> readFile(const std::string& path, std::size_t maxBytes = std::size_t{256} << 20);
+// Creates or replaces a file, writes `content` and flushes it to the disk. On failure (full disk, denied) the
+// file may be left behind incomplete. CreateFileA, WriteFile, FlushFileBuffers.
+bool writeFile(const std::string& path, std::string_view content);
+// Renames a file over another one in one step. MoveFileExA (replace existing, write through).
+bool moveFileOver(const std::string& from, const std::string& to);
+// DeleteFileA.
+bool deleteFile(const std::string& path);
+// True for an existing file, false for a folder, nothing, or any error. GetFileAttributesA.
+bool fileExists(const std::string& path);
+// Names (no folder part) of the files in `folder` (with trailing "\") that match `pattern` such as "*.bmp".
+// FindFirstFileA.
+std::vector<std::string> listFiles(const std::string& folder, const std::string& pattern);
+// Creates a folder with its missing parents; true when it exists afterwards. SHCreateDirectoryExA.
+bool createFolders(const std::string& path);
+// The path with its long names in their true case; nullopt when it does not resolve. GetLongPathNameA.
+std::optional<std::string> longPathName(const std::string& path);
+
+}  // namespace platform

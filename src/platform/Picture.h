@@ -1,0 +1,38 @@
+// Icons and bitmaps.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/Geometry.h"
+#include "platform/Handle.h"
+
+namespace platform {
+
+struct IconTag {
+    static void close(std::uintptr_t raw) noexcept;  // DestroyIcon
+};
+using IconHandle = Handle<IconTag>;
+
+struct PictureTag {
+    static void close(std::uintptr_t raw) noexcept;  // DeleteObject
+};
+// A 32-bit bitmap, with or without an alpha channel (premultiplied).
+using PictureHandle = Handle<PictureTag>;
+
+// The first icon of a program file, 16 x 16 or 32 x 32 (`size` 16 or 32); empty when it has none. ExtractIconExA.
+IconHandle extractIcon(const std::string& path, int size);
+// An icon resource of this program at `size` pixels; empty when missing. LoadImageA.
+IconHandle loadIconResource(int id, int size);
+// A bitmap resource of this program; empty when missing. LoadImageA.
+PictureHandle loadPictureResource(int id);
+
+// A new picture with alpha showing the icon at `size` pixels on a transparent ground.
+PictureHandle pictureFromIcon(std::uintptr_t icon, int size);
+// Reads and writes BMP files; a file that is missing, damaged or larger than 256 x 256 gives an empty handle.
+PictureHandle loadPictureFile(const std::string& path);
+bool savePictureFile(const std::string& path, const PictureHandle& picture);
+// 0 x 0 for an empty handle.
+Size pictureSize(const PictureHandle& picture);
+
+}  // namespace platform

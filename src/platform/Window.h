@@ -1,0 +1,132 @@
+// Windows: a base class with one virtual handler per kind of event, the message loop, and the screen.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/Canvas.h"
+#include "platform/Event.h"
+#include "platform/Geometry.h"
+
+namespace platform {
+
+enum class WindowKind {
+    Main,    // overlapped, caption, resizable, minimise and maximise boxes; created hidden
+    Dialog,  // caption and close box, owned by `parent`; class "#32770"; created hidden
+    Child,   // control inside `parent`; created shown
+};
+
+enum class ShowCommand { Show, ShowInactive, Hide, Minimize, Maximize, Restore };
+enum class Pointer { Arrow, Busy, SizeWestEast };
+
+class Window;
+
+struct WindowSpec {
+    WindowKind kind = WindowKind::Child;
+    std::string className;  // ignored for Dialog
+    std::string title;      // caption, or the instance name of a control
+    Window* parent = nullptr;
+    Rect bounds;  // client pixels of the parent for Child, screen pixels otherwise (the whole window, frame
+                  // included)
+    bool tabStop = false;
+    int iconResource = 0;  // Main and Dialog: icon of caption and task bar
+};
+
+class Window {
+public:
+    Window() = default;
+    virtual ~Window();  // destroys the window and its children
+    Window(const Window&) = delete;
+    Window& operator=(const Window&) = delete;
+
+    bool create(const WindowSpec& spec);  // CreateWindowExA; false on failure
+    void destroy();                       // DestroyWindow; calls onDestroyed
+    bool exists() const { return native_ != 0; }
+    std::uintptr_t native() const { return native_; }
+
+    void show(ShowCommand command);  // ShowWindow
+    bool visible() const;            // IsWindowVisible
+    WindowState state() const;       // IsIconic, IsZoomed
+    void bringToFront();             // SetForegroundWindow
+    void setTopmost(bool topmost);   // SetWindowPos
+    void enable(bool enabled);       // EnableWindow
+    bool enabled() const;
+    void setText(const std::string& text);  // SetWindowTextA
+    std::string text() const;
+
+    Rect bounds() const;                 // as in WindowSpec
+    void setBounds(const Rect& bounds);  // MoveWindow with repaint; onSize comes before the return
+    Rect normalBounds() const;           // the restored rectangle, whatever the state. GetWindowPlacement
+    Size clientSize() const;
+    Point toScreen(Point client) const;
+
+    void invalidate();                  // the whole client area
+    void invalidate(const Rect& area);  // InvalidateRect, no background erase
+    void update();                      // UpdateWindow: paints what is invalid now
+
+    void focus();  // SetFocus
+    bool focused() const;
+    void capture();         // SetCapture
+    void releaseCapture();  // ReleaseCapture, if this window holds it; onCaptureLost follows
+    bool captured() const;
+    // Window timers; starting an id again re-arms it. SetTimer, KillTimer.
+    void startTimer(int id, std::uint32_t milliseconds);
+    void stopTimer(int id);
+    void setPointer(Pointer shape);  // shape of the mouse pointer over this window
+    void acceptFiles(bool accept);   // DragAcceptFiles
+    bool underPointer() const;       // this window is the one under the mouse pointer. WindowFromPoint
+
+protected:
+    friend struct WindowAccess;  // the platform's way to the handlers
+
+    virtual void onPaint(Canvas& canvas, const Rect& dirty);  // double-buffered; must cover `dirty`
+    virtual void onSize(Size client, WindowState state);
+    virtual void onMouse(const MouseEvent& event);
+    virtual void onMouseLeave();
+    virtual void onWheel(const WheelEvent& event);
+    virtual void onKey(const KeyEvent& event);  // Tab never arrives: it moves the focus between tab stops
+    virtual void onFocus(bool gained);
+    virtual void onTimer(int id);
+    virtual void onCaptureLost();
+    virtual void onDropFiles(const std::vector<std::string>& paths);
+    virtual void onSystemColors();
+    // The close box, Alt+F4 and the like. The default destroys the window.
+    virtual void onClose();
+    // The session ends: log-off or shut-down. Last chance to save.
+    virtual void onEndSession();
+    virtual void onTaskbarCreated();  // the shell came (back): the tray icon must be added again
+    virtual void onDestroyed();       // children are gone already
+    // Smallest size of the whole window the user can drag to; 0 x 0 for no limit.
+    virtual Size minimumSize() const;
+
+private:
+    std::uintptr_t native_ = 0;
+};
+
+// Runs until postQuit; gives its code. A window that throws ends the program: handlers must not.
+int runMessageLoop();     // GetMessageA, DispatchMessageA
+void postQuit(int code);  // PostQuitMessage
+// Dispatches what is waiting, then returns. PeekMessageA.
+void pumpMessages();
+// Shows a dialog, with its owner disabled, and runs until it is destroyed or hidden.
+void runModal(Window& dialog, Window& owner);
+
+// The busy pointer for as long as the guard lives.
+class BusyPointer {
+public:
+    BusyPointer();  // SetCursor
+    ~BusyPointer();
+    BusyPointer(const BusyPointer&) = delete;
+    BusyPointer& operator=(const BusyPointer&) = delete;
+};
+
+// Work area (screen without task bar) of the screen nearest to the rectangle. MonitorFromRect, GetMonitorInfoA.
+Rect nearestWorkArea(const Rect& area);
+// True when some pixel of the rectangle lies on a screen. MonitorFromRect.
+bool onAnyScreen(const Rect& area);
+// Pixels of the primary screen. GetSystemMetrics.
+Size screenSize();
+
+}  // namespace platform

@@ -1,0 +1,134 @@
+// The simulated machine, seen from tests: a small deterministic computer behind the same headers as Windows.
+// Tests set it up, drive it, inject faults and look at what the program did to it.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/Canvas.h"
+#include "platform/Event.h"
+#include "platform/Process.h"
+#include "platform/Store.h"
+#include "platform/Tray.h"
+#include "platform/Window.h"
+
+namespace platform::sim {
+
+// Everything back to a fresh machine: 4 processors, the idle process (id 0), the system process (id 4), this
+// program (id 100, "C:\Kestrum\Kestrum2.exe", whose file exists), Windows directory "C:\WINDOWS", screen 1280 x 800
+// with a work area of 1280 x 770, code page UTF-8, no settings. Open windows are forgotten: destroy them first.
+void reset();
+
+// ---- processes ----
+struct Process {
+    ProcessId id = 0;  // 0 in addProcess: the next free multiple of 4
+    std::string path;  // as moduleFileName gives it
+    std::uint32_t priorityClass = 0x20;
+    std::uint32_t affinityMask = 0xF;
+    std::uint64_t creation = 0;  // 0 in addProcess: now
+    std::uint64_t kernel = 0;    // 100-ns units
+    std::uint64_t user = 0;
+    std::uint64_t workingSet = 1 << 20;  // bytes
+    std::uint32_t deniedRights = 0;      // opening with any of these bits fails
+    double load = 0;                     // processors used while the clock advances (1.0 = one whole processor)
+    bool vanishAfterListing = false;     // ends as soon as it has been enumerated once
+};
+ProcessId addProcess(Process process);  // its image file is created too
+void endProcess(ProcessId id);
+Process* findProcess(ProcessId id);          // nullptr when it is gone; valid until the next add or end
+std::vector<std::uint32_t> accessesAsked();  // rights of every openProcess since reset or clearLog, in order
+void setProcessorCount(int count);
+void failEnumeration(bool fail);
+
+// ---- clock ----
+void advance(std::uint32_t milliseconds);  // moves the clock without running anything; loads use processor time
+void run(std::uint32_t milliseconds);  // moves the clock, firing due timers and painting as the message loop would
+std::uint64_t nowMilliseconds();
+void setPerformanceFrequency(std::int64_t ticksPerSecond);  // 0: no counter
+
+// ---- files, settings ----
+void putFile(const std::string& path, std::string content);
+std::optional<std::string> file(const std::string& path);
+void putFolder(const std::string& path);
+std::vector<std::string> allFiles();
+void setReadOnlyFolder(const std::string& folder, bool readOnly);
+void setDiskSpace(std::optional<std::size_t> bytes);  // writing beyond it fails after writing what fits
+// Fails every file operation (write, move, delete) after `count` more of them, as if the program was killed there.
+void stopFilesAfter(std::optional<int> count);
+void putSetting(const std::string& section, const std::string& key, const std::string& value);
+std::optional<std::string> setting(const std::string& section, const std::string& key);
+void putBinarySetting(const std::string& section, const std::string& key);  // a value that is not text
+
+// ---- windows and input ----
+Window* findWindow(const std::string& title);  // by caption or instance name
+std::vector<Window*> topLevelWindows();
+void setPointer(Window& window, Point at);  // moves the pointer and sends the move (and leave) events
+void mouseDown(Window& window, Point at, MouseButton button = MouseButton::Left, Modifiers modifiers = {});
+void mouseUp(Window& window, Point at, MouseButton button = MouseButton::Left, Modifiers modifiers = {});
+void click(Window& window, Point at, MouseButton button = MouseButton::Left, Modifiers modifiers = {});
+void doubleClick(Window& window, Point at);  // down, up, double click, up
+void wheel(Window& window, Point at, int delta);
+void keyDown(std::uint16_t code, Modifiers modifiers = {});  // to the focused window; Tab moves the focus
+void keyUp(std::uint16_t code, Modifiers modifiers = {});
+void pressKey(std::uint16_t code, Modifiers modifiers = {});            // down and up
+void dropFiles(Window& window, const std::vector<std::string>& paths);  // refused unless acceptFiles was called
+void loseCapture();                                                     // another window takes it
+void closeBox(Window& window);
+void endSession();
+void restartShell();                                 // the tray forgets its icons; onTaskbarCreated follows
+void dragFrame(Window& window, const Rect& bounds);  // user resize: minimumSize is kept to
+Window* focusedWindow();
+Pointer pointerShape();                      // what the user sees: busy while a BusyPointer lives
+void setScreens(std::vector<Rect> screens);  // work area of each: without its lowest 30 rows
+// Runs as soon as a dialog runs modally (once, in order): it clicks or types and must end the dialog.
+// A modal dialog without a script fails the process with a message.
+void whenModal(std::function<void(Window& dialog)> script);
+// Answers the next chooseFile; without one it is cancelled.
+void whenChoosingFile(std::optional<std::string> answer);
+
+// ---- what was drawn ----
+struct Drawn {
+    std::string what;  // "fill", "frame", "line", "pixel", "gradient", "edge", "focus", "text", "icon", "picture",
+                       // "masked", "disabled"
+    Rect area;
+    Color color = 0;
+    std::string text;
+    Font font = Font::Normal;
+    unsigned format = 0;
+    std::uintptr_t object = 0;  // icon or picture
+    Point source;
+};
+// Paints the window's invalid area (or all of it, with `everything`) and gives the operations of that paint;
+// operations that lie wholly outside the area painted are dropped.
+std::vector<Drawn> paint(Window& window, bool everything = false);
+Color pixelAt(Window& window, Point at);  // what the last paints left; text leaves no pixels
+Rect invalidArea(const Window& window);   // bounding box; empty when nothing needs painting
+std::uint64_t drawCount();                // drawing operations since reset
+// Text is 6 pixels a byte (bold 7) and 13 high.
+
+// ---- tray, sounds, log ----
+struct TrayIcon {
+    std::uint32_t id = 0;
+    std::uintptr_t icon = 0;
+    std::string tip;
+};
+std::vector<TrayIcon> trayIcons();
+struct Balloon {
+    std::string title, text;
+    BalloonIcon icon = BalloonIcon::None;
+};
+std::vector<Balloon> balloons();  // every balloon since reset
+void setShellRunning(bool running);
+std::vector<std::string> sounds();
+std::vector<std::string> log();  // operations in order, as "trayAdd", "storeWrite AutoSet", ...
+void clearLog();
+int quitCode();  // of postQuit; -1 when it was not called
+
+// Handles of every kind that are open: processes, tokens, timers, icons, pictures, windows.
+int openHandles();
+int openHandles(const std::string& kind);  // "process", "token", "timer", "icon", "picture", "window"
+
+}  // namespace platform::sim
