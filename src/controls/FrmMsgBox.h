@@ -1,0 +1,30 @@
+// The program's only message box: a note with an OK button, or a question with Yes and No.
+#pragma once
+
+#include <string>
+
+#include "platform/Window.h"
+
+namespace controls {
+
+enum class MsgStyle { Information = 0, Question = 4 };
+
+inline constexpr int kMsgYes = 6;
+inline constexpr int kMsgNo = 7;  // also the answer of OK
+
+// Shows message boxes and holds the last answer, which outlives each box. The program has one of these.
+class MsgBoxes {
+public:
+    // Shows `text` in a dialog captioned `title` over `owner`, waits until it is closed, and gives kMsgYes or
+    // kMsgNo. A box ended by the close box of its frame, or one that cannot be made, gives the answer of the
+    // box before it (0 before the first). `sound`: with the default beep (a note) or the sound "SystemQuestion".
+    // Timers go on firing while the box is open.
+    int Show(const std::string& text, MsgStyle style, const std::string& title, platform::Window& owner,
+             bool sound);
+    int LastAnswer() const { return answer_; }
+
+private:
+    int answer_ = 0;
+};
+
+}  // namespace controls
