@@ -1,4 +1,4 @@
-// The desktop shell: its file chooser.
+// The desktop shell: its file chooser, and opening documents with their program.
 #pragma once
 
 #include <optional>
@@ -16,5 +16,9 @@ struct FileType {
 
 // Lets the user pick one existing file; nullopt when cancelled. Modal: timers go on. GetOpenFileNameA.
 std::optional<std::string> chooseFile(Window& owner, const std::string& title, const std::vector<FileType>& types);
+
+// Opens a document with the program registered for it, without waiting; false when the shell refuses.
+// ShellExecuteA, verb "open".
+bool openDocument(Window& owner, const std::string& path);
 
 }  // namespace platform

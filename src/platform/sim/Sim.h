@@ -123,7 +123,8 @@ struct Balloon {
 std::vector<Balloon> balloons();  // every balloon since reset
 void setShellRunning(bool running);
 std::vector<std::string> sounds();
-std::vector<std::string> log();  // operations in order, as "trayAdd", "storeWrite AutoSet", ...
+std::vector<std::string> openedDocuments();  // paths handed to openDocument
+std::vector<std::string> log();              // operations in order, as "trayAdd", "storeWrite AutoSet", ...
 void clearLog();
 int quitCode();  // of postQuit; -1 when it was not called
 
