@@ -109,15 +109,19 @@ private:
     const ButtonState& State(int index) const { return states_[static_cast<std::size_t>(index)]; }
     void Changed(std::string_view property);
     void InvalidateButton(int index);
+    int HitTest(platform::Point at) const;
     void SetHovered(int index);
-    void SetPressed(int index);
+    void SetPressed(int index, bool byKey = false);
     void SetFocusButton(int index);
-    void StateChanged(int index);
     int NextEnabled(int from, int step) const;
-    void MouseDown(int index, bool secondOfDouble);
+    void AvailabilityChanged(int index);
+    void MouseMove(const platform::MouseEvent& event);
+    void MouseDown(int index, bool doubleClick);
     void MouseUp(int index);
-    void ButtonClicked(int index);
-    void PaintButton(platform::Canvas& canvas, int index);
+    void Arrow(std::uint16_t code);
+    void RaiseClick(int index);
+    void PaintButton(platform::Canvas& canvas, int index) const;
+    void PaintPicture(platform::Canvas& canvas, int index) const;
 
     ToolBarProperties properties_;
     ToolBarLayout layout_;
@@ -128,7 +132,7 @@ private:
     int lastClicked_ = -1;      // where the first click of a double click was
     bool doubleClick_ = false;  // a double click was just seen: the release that ends it is no click
     int focusButton_ = 0;       // the button the keyboard clicks
-    bool keyHeld_ = false;      // Space or Enter is down: its repeats are not clicks
+    bool keyPress_ = false;     // the press comes from Space or Enter; letting the key go clicks
 };
 
 }  // namespace controls

@@ -27,6 +27,7 @@ struct ToolBarLayout {
     int HitTest(platform::Point at) const;
     // Size that shows every button.
     platform::Size Preferred() const;
+    friend bool operator==(const ToolBarLayout&, const ToolBarLayout&) = default;
 
 private:
     int Offset(int index) const;  // where button `index` begins, along the strip

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "controls/ToolBarGeometry.h"
 #include "platform/Canvas.h"
 
 namespace controls {
@@ -37,6 +38,8 @@ struct ToolBarProperties {
     static ToolBarProperties Read(const PropertyMap& map);
     // Stores every key ("BackColor" only when the colour was chosen).
     void Write(PropertyMap& map) const;
+    // The layout these properties ask for.
+    ToolBarLayout Layout() const;
     // `index` brought into 0..number of slots - 1; 0 when there is none.
     int ClampSlot(int index) const;
 };

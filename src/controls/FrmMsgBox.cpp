@@ -1,0 +1,163 @@
+#include "controls/FrmMsgBox.h"
+
+#include <algorithm>
+
+#include "controls/MsgBoxLayout.h"
+#include "controls/PushButton.h"
+#include "controls/Resources.h"
+#include "platform/Sound.h"
+
+namespace controls {
+
+using platform::Canvas;
+using platform::Color;
+using platform::Rect;
+using platform::Size;
+
+namespace {
+
+constexpr Color kGroundTop = 10526880;     // RGB 160, 160, 160
+constexpr Color kGroundBottom = 14737632;  // RGB 224, 224, 224
+constexpr Color kInk = platform::rgb(0, 0, 0);
+constexpr Color kIconMask = platform::rgb(255, 255, 255);
+constexpr int kIconPixels = 32;
+
+// Room to try the frame in: any size a frame fits around.
+constexpr Rect kTrial{0, 0, 400, 200};
+
+// `size` in the middle of `area`.
+Rect Centred(const Rect& area, Size size) {
+    return Rect::fromSize(
+        {area.left + (area.width() - size.width) / 2, area.top + (area.height() - size.height) / 2}, size);
+}
+
+// Moved so that it lies within the work area; the upper left corner wins when it is too large.
+Rect KeptInside(const Rect& box, const Rect& work) {
+    const int left = std::max(work.left, std::min(box.left, work.right - box.width()));
+    const int top = std::max(work.top, std::min(box.top, work.bottom - box.height()));
+    return Rect::fromSize({left, top}, box.size());
+}
+
+// What the box is centred over: a minimised owner's rectangle is nowhere to be seen.
+Rect OwnerArea(const platform::Window& owner) {
+    if (owner.state() != platform::WindowState::Minimized) return owner.bounds();
+    return platform::nearestWorkArea(owner.normalBounds());
+}
+
+// The dialog itself. It lives as long as its box is shown.
+class FrmMsgBox : public platform::Window {
+public:
+    explicit FrmMsgBox(int& answer) : answer_(answer) {}
+
+    bool Create(const std::string& text, MsgStyle style, const std::string& title, platform::Window& owner) {
+        question_ = style == MsgStyle::Question;
+        platform::WindowSpec spec;
+        spec.kind = platform::WindowKind::Dialog;
+        spec.title = title;
+        spec.parent = &owner;
+        spec.bounds = kTrial;
+        spec.iconResource = kProgramIcon;
+        if (!create(spec)) return false;
+        icons_ = platform::loadPictureResource(kMessageIcons);
+        Fit(text, OwnerArea(owner));
+        CreateButtons();
+        setTopmost(true);  // an owner that stays on top must not cover its own question
+        return true;
+    }
+
+    void FocusDefault() { (question_ ? cmdYes_ : cmdOkNo_).focus(); }
+
+protected:
+    void onPaint(Canvas& canvas, const Rect&) override {
+        // Dark above, light below: the text and the buttons stand on the lighter part.
+        canvas.gradient(Rect::fromSize({0, 0}, clientSize()), kGroundTop, kGroundBottom,
+                        platform::Direction::Vertical);
+        const Rect image = Rect::fromSize({question_ ? kIconPixels : 0, 0}, {kIconPixels, kIconPixels});
+        if (icons_) canvas.maskedPicture(layout_.icon.origin(), icons_, image, kIconMask);
+        for (std::size_t i = 0; i < layout_.lines.size(); ++i) {
+            canvas.text(layout_.Line(static_cast<int>(i)), layout_.lines[i], kInk, platform::Font::Normal,
+                        platform::kTextSingleLine | platform::kTextNoPrefix);
+        }
+    }
+
+    // The frame got the focus (the user comes back from another window): it belongs to a button.
+    void onFocus(bool gained) override {
+        if (gained) (focusYes_ ? cmdYes_ : cmdOkNo_).focus();
+    }
+
+    void onKey(const platform::KeyEvent& event) override {
+        if (!event.down) return;
+        if (event.code == platform::key::kEnter) {
+            Answer(focusYes_ ? kMsgYes : kMsgNo);
+        } else {
+            ButtonKey(event);
+        }
+    }
+
+private:
+    void Fit(const std::string& text, const Rect& over) {
+        const Rect work = platform::nearestWorkArea(over);
+        const Size client = clientSize();
+        const Size frame{kTrial.width() - client.width, kTrial.height() - client.height};
+        layout_ = MsgBoxLayout::For(text, question_, {work.width() - frame.width, work.height() - frame.height});
+        const Size whole{layout_.client.width + frame.width, layout_.client.height + frame.height};
+        setBounds(KeptInside(Centred(over, whole), work));
+    }
+
+    void CreateButtons() {
+        if (question_) CreateButton(cmdYes_, "Yes", layout_.yes, kMsgYes);
+        CreateButton(cmdOkNo_, question_ ? "No" : "OK", layout_.okNo, kMsgNo);
+        focusYes_ = question_;
+    }
+
+    void CreateButton(PushButton& button, const char* caption, const Rect& bounds, int answer) {
+        button.Click = [this, answer] { Answer(answer); };
+        button.OtherKey = [this](const platform::KeyEvent& event) { ButtonKey(event); };
+        button.GotFocus = [this, answer] { focusYes_ = answer == kMsgYes; };
+        button.Create(*this, caption, bounds);
+    }
+
+    void ButtonKey(const platform::KeyEvent& event) {
+        namespace key = platform::key;
+        if (event.modifiers.ctrl) return;
+        const bool first = event.code == key::kLeft || event.code == key::kUp;
+        const bool last = event.code == key::kRight || event.code == key::kDown;
+        if (event.code == key::kEscape) {
+            Answer(kMsgNo);
+        } else if (question_ && event.code == 'Y') {
+            Answer(kMsgYes);
+        } else if (event.code == (question_ ? 'N' : 'O')) {
+            Answer(kMsgNo);
+        } else if (question_ && (first || last)) {
+            (first ? cmdYes_ : cmdOkNo_).focus();
+        }
+    }
+
+    void Answer(int answer) {
+        answer_ = answer;
+        destroy();
+    }
+
+    int& answer_;
+    bool question_ = false;
+    bool focusYes_ = false;
+    platform::PictureHandle icons_;
+    MsgBoxLayout layout_;
+    PushButton cmdYes_;
+    PushButton cmdOkNo_;
+};
+
+}  // namespace
+
+int MsgBoxes::Show(const std::string& text, MsgStyle style, const std::string& title, platform::Window& owner,
+                   bool sound) {
+    FrmMsgBox box(answer_);
+    if (!box.Create(text, style, title, owner)) return answer_;
+    if (sound && style == MsgStyle::Information) platform::beep();
+    if (sound && style == MsgStyle::Question) platform::playSound("SystemQuestion");
+    box.FocusDefault();
+    platform::runModal(box, owner);
+    return answer_;
+}
+
+}  // namespace controls
