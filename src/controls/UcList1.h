@@ -1,0 +1,220 @@
+// The program's multi-column list: a child window that paints rows, header and scroll bars itself. Data and sorting
+// live in UcListModel, positions in UcListGeometry, drawing in UcListPaint, the flicker rule in UcListShown; here
+// are the window, its properties and its input.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "controls/UcListGeometry.h"
+#include "controls/UcListModel.h"
+#include "controls/UcListShown.h"
+#include "controls/UcListView.h"
+#include "platform/Window.h"
+
+namespace controls {
+
+class UcList1 : public platform::Window {
+public:
+    // Creates the control inside `parent`; false when the system refuses. Class name "UcList1".
+    bool Create(platform::Window& parent, const std::string& instanceName, const platform::Rect& bounds);
+
+    // ---- events ----
+    std::function<void(int button)> Click;             // 1 left or selection by keyboard, 2 right, 4 middle
+    std::function<void(int button)> DblClick;          // always 1
+    std::function<void(int column)> HeaderClick;       // after sorting
+    std::function<void(std::uint16_t code)> KeyClick;  // a key was released, neither Shift nor Ctrl being held
+    std::function<void(int row)> MouseTip;             // display row under the pointer, -1 when it left the rows
+    std::function<void(const std::vector<std::string>& paths)> FilesDropped;
+    std::function<void()> ColumnResized;  // a column has been dragged to its new width
+    // The left button, pressed on a row, was released outside the control; client pixels.
+    std::function<void(platform::Point at)> DragReleased;
+    // A persisted property changed; the name of its key.
+    std::function<void(std::string_view key)> PropertyChanged;
+    // Draws the 16-pixel icon of a row in the first column, whose text then moves right.
+    UcListDrawIcon DrawIcon;
+
+    // ---- persistence ----
+    // Takes layout and look, dropping all items. Absurd values are brought into range.
+    void ReadProperties(const UcListProperties& properties);
+    UcListProperties WriteProperties() const;
+
+    // ---- rows; out of range gives nothing and changes nothing ----
+    void AddItem(std::string_view text);
+    void RemoveItem(int row);
+    void Clear();                                 // sort marks, selection and TopIndex go too
+    std::string List(int row, int column) const;  // a negative column gives all cells joined by tabs
+    const std::string& CellText(int row, int column) const { return model_.CellText(row, column); }
+    void SetList(int row, int column, std::string_view text);
+    int ListCount() const { return model_.ListCount(); }
+
+    // ---- selection; the caller redraws ----
+    bool Selected(int row) const { return model_.Selected(row); }
+    void SelectItem(int row, bool state) { model_.SelectItem(row, state); }
+
+    // ---- sorting; the caller redraws ----
+    void SortCol(int column, bool ascending) { model_.SortCol(column, ascending); }
+    int HeaderSelected() const { return headerSelected_; }  // column last clicked
+    bool HeaderSortDir() const { return headerSortDir_; }   // that column is ascending
+
+    // ---- showing ----
+    // Invalidates what differs from the screen; nothing while locked.
+    void ReDraw();
+    bool Locked() const { return locked_; }
+    // While locked nothing is invalidated; unlocking shows what changed in one paint.
+    void SetLocked(bool locked);
+    // Display row at the top of the visible area. Clamped; shown after 10 ms, or when unlocked.
+    int TopIndex() const { return topIndex_; }
+    void SetTopIndex(int row);
+    // The vertical scroll position, in rows: the same as TopIndex.
+    int GetVertBarPos() const { return topIndex_; }
+    void SetVertBarPos(int row) { SetTopIndex(row); }
+    // Rows from the top of the visible area to the first selected one (negative above it, 0 for none); setting it
+    // scrolls so that the selection keeps its place on the screen while the list around it changes.
+    int SelectedTopPosition() const;
+    void SetSelectedTopPosition(int rows);
+    int VisibleRows() const;  // rows that fit whole
+    // The row the keyboard acts on (focus rectangle), -1 for none.
+    int CurrentRow() const;
+    // What a drop of files does: hands the paths to FilesDropped.
+    void OleDragDrop(const std::vector<std::string>& paths);
+
+    // ---- look ----
+    platform::Color BackColor() const { return properties_.backColor; }
+    void SetBackColor(platform::Color color);
+    platform::Color HighlightColor() const { return properties_.highlightColor; }
+    void SetHighlightColor(platform::Color color);
+    platform::Color HighlightTextColor() const { return properties_.highlightTextColor; }
+    void SetHighlightTextColor(platform::Color color);
+    platform::Color HeaderBackColor() const { return properties_.headerBackColor; }
+    void SetHeaderBackColor(platform::Color color);
+    platform::Color ScrollBarColor() const { return properties_.scrollbarColor; }
+    void SetScrollBarColor(platform::Color color);
+    int HeaderDrawStyle() const { return properties_.headerDrawStyle; }
+    void SetHeaderDrawStyle(int style);
+    int ScrollbarDrawStyle() const { return properties_.scrollbarDrawStyle; }
+    void SetScrollbarDrawStyle(int style);
+    int HeaderHeight() const { return properties_.headerHeight; }
+    void SetHeaderHeight(int pixels);
+
+    // ---- columns ----
+    int ColumnCount() const { return model_.ColumnCount(); }
+    void SetColumnCount(int count);  // drops all items
+    int ColumnMaxSeen() const { return model_.ColumnMaxSeen(); }
+    void SetColumnMaxSeen(int column);
+    // The column that the next eight properties address; a column that does not exist reads as an empty one.
+    int ColumnIndex() const { return columnIndex_; }
+    void SetColumnIndex(int column) { columnIndex_ = column; }
+    std::string HeaderCaption() const { return Addressed().caption; }
+    void SetHeaderCaption(const std::string& caption);
+    int ListTextAlign() const { return Addressed().listTextAlign; }
+    void SetListTextAlign(int align);
+    bool ListTextBold() const { return Addressed().listTextBold; }
+    void SetListTextBold(bool bold);
+    platform::Color ListTextColor() const { return Addressed().listTextColor; }
+    void SetListTextColor(platform::Color color);
+    int HeaderTextAlign() const { return Addressed().headerTextAlign; }
+    void SetHeaderTextAlign(int align);
+    bool HeaderTextBold() const { return Addressed().headerTextBold; }
+    void SetHeaderTextBold(bool bold);
+    platform::Color HeaderTextColor() const { return Addressed().headerTextColor; }
+    void SetHeaderTextColor(platform::Color color);
+    int HeaderWidth() const { return HeaderWidth(columnIndex_); }
+    void SetHeaderWidth(int width) { SetHeaderWidth(columnIndex_, width); }
+    // Pixels a column takes on the screen, 0 when there is no such column.
+    int HeaderWidth(int column) const;
+    void SetHeaderWidth(int column, int width);
+    // Widths of the columns shown, as "134,82,60,40,60,70,", and back; damaged entries change nothing.
+    std::string ColumnWidthsText() const { return model_.ColumnWidthsText(); }
+    void SetColumnWidths(std::string_view text);
+
+    // Where things lie now; the data behind them.
+    const UcListLayout& Layout() const;
+    const UcListModel& Model() const { return model_; }
+
+protected:
+    void onPaint(platform::Canvas& canvas, const platform::Rect& dirty) override;
+    void onSize(platform::Size client, platform::WindowState state) override;
+    void onMouse(const platform::MouseEvent& event) override;
+    void onMouseLeave() override;
+    void onWheel(const platform::WheelEvent& event) override;
+    void onKey(const platform::KeyEvent& event) override;
+    void onFocus(bool gained) override;
+    void onTimer(int id) override;
+    void onCaptureLost() override;
+    void onDropFiles(const std::vector<std::string>& paths) override;
+    void onSystemColors() override;
+
+private:
+    // What the held left button is doing.
+    enum class Drag { None, Item, HeaderCell, ColumnWidth, Bar };
+
+    // UcList1.cpp
+    void Changed(std::string_view key);
+    const UcListColumn& Addressed() const;
+    UcListColumn* AddressedForChange();
+    void HeaderChanged();
+    UcListLook Look() const;
+    void SettleCurrentRow();
+    void ClampTopIndex();
+
+    // UcList1Input.cpp: mouse and timers
+    void LeftDown(const platform::MouseEvent& event);
+    void LeftUp(platform::Point at);
+    void RightDown(platform::Point at);
+    void PressBar(int zone, platform::Point at);
+    void StepBar(int zone, platform::Point at);
+    void ScrollColumns(int pixels);
+    void PressHeader(int column, platform::Point at);
+    void PressItem(const UcListHit& hit, const platform::MouseEvent& event);
+    void EndDrag();
+    void pvOnMouseMove(const platform::MouseEvent& event);
+    void DragThumb(platform::Point at);
+    void HoverAt(platform::Point at);
+    void EndHover();
+
+    // UcList1Keys.cpp
+    void KeyDown(const platform::KeyEvent& event);
+    bool SelectionCommand(std::uint16_t code);
+    bool NavigationTarget(std::uint16_t code, int& target) const;
+    void MoveCurrentRow(int target, bool extend, bool keepSelection);
+    void ToggleCurrentRow(bool keepOthers);
+    void ShowRow(int row);
+
+    UcListProperties properties_;  // without headerProperties, which the model holds
+    UcListModel model_;
+    UcListShown shown_;
+    mutable UcListLayout layout_;  // brought up to date by Layout()
+    mutable std::vector<int> widths_;
+
+    bool locked_ = false;
+    int topIndex_ = 0;
+    int offset_ = 0;  // horizontal scroll offset
+    bool repaintPending_ = false;
+    int columnIndex_ = 0;
+    int headerSelected_ = 0;
+    bool headerSortDir_ = false;
+
+    bool focused_ = false;
+    bool shiftHeld_ = false;
+    bool ctrlHeld_ = false;
+    int anchorRow_ = -1;
+    int currentRow_ = -1;
+    bool followSelection_ = false;  // the list was cleared while the current row was selected
+
+    Drag drag_ = Drag::None;
+    int dragZone_ = 0;
+    int dragColumn_ = -1;
+    int grabOffset_ = 0;
+    platform::Point lastPoint_;
+    int repeatZone_ = 0;  // zone whose auto-repeat timer runs, 0 for none
+    bool sizingPointer_ = false;
+    int hoverRow_ = -1;
+    int hoverColumn_ = -1;
+    bool tipRaised_ = false;
+};
+
+}  // namespace controls
