@@ -1,0 +1,49 @@
+// Target.exe: a program to set affinity and priority of. It idles behind a small window until that is closed,
+// the given process ends, or its time is over: it never outlives a test.
+//   Target.exe [SECONDS [PARENT_PID]]     60 seconds when not given
+#include <windows.h>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_DESTROY) PostQuitMessage(0);
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+void ShowTargetWindow() {
+    WNDCLASSA windowClass{};
+    windowClass.lpfnWndProc = WindowProc;
+    windowClass.hInstance = GetModuleHandleA(nullptr);
+    windowClass.lpszClassName = "KestrumTarget";
+    RegisterClassA(&windowClass);
+    char title[64];
+    std::snprintf(title, sizeof title, "Target %lu", GetCurrentProcessId());
+    CreateWindowExA(WS_EX_NOACTIVATE, "KestrumTarget", title, WS_OVERLAPPEDWINDOW | WS_VISIBLE, 900, 620, 240, 100,
+                    nullptr, nullptr, windowClass.hInstance, nullptr);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const DWORD lifetime = 1000 * static_cast<DWORD>(argc > 1 ? std::atoi(argv[1]) : 60);
+    const DWORD parentId = argc > 2 ? static_cast<DWORD>(std::atoi(argv[2])) : 0;
+    HANDLE parent = parentId != 0 ? OpenProcess(SYNCHRONIZE, FALSE, parentId) : nullptr;
+    if (parentId != 0 && parent == nullptr) return 1;
+    ShowTargetWindow();
+
+    const DWORD end = GetTickCount() + lifetime;
+    for (DWORD now = GetTickCount(); now < end; now = GetTickCount()) {
+        const DWORD handles = parent != nullptr ? 1 : 0;
+        const DWORD woken = MsgWaitForMultipleObjects(handles, &parent, FALSE, end - now, QS_ALLINPUT);
+        if (handles != 0 && woken == WAIT_OBJECT_0) return 0;
+        MSG message;
+        while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+            if (message.message == WM_QUIT) return 0;
+            DispatchMessageA(&message);
+        }
+    }
+    return 0;
+}
