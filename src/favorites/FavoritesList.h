@@ -1,0 +1,85 @@
+// The favourites of the current profile: the rows of the favourites list, mirrored in the profile's file.
+// Messages, paused timers and busy pointers belong to the form that calls.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "controls/UcList1.h"
+#include "favorites/Favorite.h"
+#include "favorites/IconCache.h"
+#include "platform/Tray.h"
+
+namespace favorites {
+
+enum class AddFavResult {
+    Added,
+    BadExtension,  // neither ".exe" nor ".scr": tell the user kBadExtensionText
+    Missing,       // empty path or no such file: say nothing
+    Duplicate,     // in the list already: tell the user DuplicateText(path)
+};
+
+inline constexpr char kBadExtensionText[] = "Files must have an extension of \".Exe\" or \".Scr\"";
+std::string DuplicateText(const std::string& path);
+
+class FavoritesList {
+public:
+    using BalloonCall =
+        std::function<void(const std::string& text, const std::string& title, platform::BalloonIcon)>;
+
+    // Lays out `list`, which must exist and outlive this object, and draws its icons. `baseFolder` ends in "\".
+    FavoritesList(controls::UcList1& list, std::string baseFolder, BalloonCall balloon);
+    ~FavoritesList();
+    FavoritesList(const FavoritesList&) = delete;
+    FavoritesList& operator=(const FavoritesList&) = delete;
+
+    // The current profile, "My Favs 1" at first. Setting it loads nothing.
+    const std::string& FavName() const { return favName_; }
+    void SetFavName(const std::string& name) { favName_ = name; }
+
+    // Fills the list from the profile's file, in the file's order. Favourites whose program is missing leave
+    // the profile, reported by a balloon.
+    void LoadFavorites();
+    // Adds a program with the affinity given and priority "Default", sorts and saves.
+    AddFavResult AddFav(const std::string& path, const std::string& affinityText);
+    // Writes the list to the profile's file. False on failure, and when the file was there but could not be
+    // read at the last load.
+    bool Save();
+    // Removes the selected rows and saves; how many went.
+    int RemoveSelected();
+    // Gives the selected rows a new affinity and/or priority and saves; how many there were.
+    int ChangeSelected(const std::optional<std::string>& affinity, const std::optional<std::string>& priority);
+    // Gives a row its launch parameter and saves; nothing when there is no such row.
+    void SetParam(int row, const std::string& param);
+    // Deletes cached icons that no profile needs any more.
+    void CleanUpIcons() const { icons_.CleanUp(); }
+
+    // Sorts by the column (0..4) and direction last given.
+    void SortFavs();
+    void SetSort(int column, bool ascending);
+    int SortColumn() const { return sortColumn_; }
+    bool SortAscending() const { return sortAscending_; }
+
+    int Count() const { return list_.ListCount(); }
+    int SelectedCount() const;
+    Favorite Row(int row) const;  // empty when there is no such row
+    std::vector<Favorite> Rows() const;
+
+private:
+    void AddRow(const Favorite& favorite);
+    void DrawIcon(platform::Canvas& canvas, platform::Point at, int row);
+
+    controls::UcList1& list_;
+    std::string baseFolder_;
+    BalloonCall balloon_;
+    IconCache icons_;
+    std::string favName_;
+    std::string unreadableProfile_;  // a file that could not be read: never written over
+    int sortColumn_ = 0;
+    bool sortAscending_ = true;
+};
+
+}  // namespace favorites

@@ -1,0 +1,30 @@
+// Reading and writing the program's own files: whole files, old or new, never half of one.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace storage {
+
+enum class ReadResult {
+    Read,
+    Missing,  // there is no such file
+    Failed,   // the file is there, but cannot be read: locked, no rights, absurdly large
+};
+
+// Reads a whole file into `content`, which is empty afterwards unless the result is Read.
+ReadResult ReadWhole(const std::string& path, std::string& content);
+
+// Replaces the content of a file: writes a temporary sibling (`path` + ".new"), flushes it and moves it over
+// the file. On failure, or when the program ends at any point, the file is what it was. False on failure.
+bool WriteWhole(const std::string& path, std::string_view content);
+
+// The lines of `content`, which may end in CR LF or a lone LF; the last one may lack its end. What follows the
+// last line end is a line only if it holds anything. The views live as long as `content`.
+std::vector<std::string_view> SplitLines(std::string_view content);
+
+// The lines of a file; empty when the file is missing or cannot be read.
+std::vector<std::string> ReadLines(const std::string& path);
+
+}  // namespace storage
