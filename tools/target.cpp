@@ -21,8 +21,9 @@ void ShowTargetWindow() {
     RegisterClassA(&windowClass);
     char title[64];
     std::snprintf(title, sizeof title, "Target %lu", GetCurrentProcessId());
-    CreateWindowExA(WS_EX_NOACTIVATE, "KestrumTarget", title, WS_OVERLAPPEDWINDOW | WS_VISIBLE, 900, 620, 240, 100,
-                    nullptr, nullptr, windowClass.hInstance, nullptr);
+    HWND window = CreateWindowExA(0, "KestrumTarget", title, WS_OVERLAPPEDWINDOW, 1030, 680, 240, 90, nullptr,
+                                  nullptr, windowClass.hInstance, nullptr);
+    ShowWindow(window, SW_SHOWNOACTIVATE);
 }
 
 }  // namespace

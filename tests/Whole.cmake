@@ -1,0 +1,20 @@
+# Tests of the Windows builds, the fuzz targets and the sources, so that one CTest run covers everything. What is
+# not built is skipped, unless KESTRUM_ALL=1 is in the environment (as test.sh has it).
+set(root ${CMAKE_SOURCE_DIR})
+set(underWine ${root}/tools/under-wine.sh)
+
+function(kestrum_wine_test name)
+  add_test(NAME ${name} COMMAND ${underWine} ${ARGN} WORKING_DIRECTORY ${root})
+  set_tests_properties(${name} PROPERTIES SKIP_RETURN_CODE 77 TIMEOUT 400 LABELS wine)
+endfunction()
+
+kestrum_wine_test(win64_contract build/win64/tests/contract/contract.exe)
+kestrum_wine_test(win64_desktop build/win64/tests/desktop/desktop.exe Z:${root}/dist/win64)
+kestrum_wine_test(win32_contract --i386 build/win32/tests/contract/contract.exe)
+kestrum_wine_test(win32_desktop --i386 build/win32/tests/desktop/desktop.exe Z:${root}/dist/win32)
+
+add_test(NAME fuzz COMMAND ${root}/tools/fuzz-smoke.sh)
+set_tests_properties(fuzz PROPERTIES SKIP_RETURN_CODE 77 TIMEOUT 300)
+
+add_test(NAME sources COMMAND ${root}/tools/check-sources.py)
+add_test(NAME sources_self_test COMMAND ${root}/tools/check-sources.py --self-test)

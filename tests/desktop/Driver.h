@@ -1,0 +1,89 @@
+// What the journeys need to drive a program from outside: its process, its windows, input, pixels, settings.
+// Everything waits for a condition with a bound, nothing for a time.
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/Geometry.h"
+
+namespace desktop {
+
+using platform::Point;
+using platform::Rect;
+
+inline constexpr DWORD kBound = 20000;  // milliseconds nothing should ever take
+
+// Polls until the condition holds; false when `milliseconds` are over.
+bool WaitFor(const std::function<bool()>& condition, DWORD milliseconds = kBound);
+
+// The folder with the product under test; given on the command line, with a trailing "\".
+std::string& ProductFolder();
+// The folder of this program, with a trailing "\".
+std::string OwnFolder();
+
+std::string ReadWholeFile(const std::string& path);
+void WriteWholeFile(const std::string& path, const std::string& content);
+std::vector<std::string> FileNames(const std::string& folder);
+
+// The program's settings section. Read gives nullopt for a missing value.
+std::optional<std::string> ReadSetting(const std::string& key);
+void WriteSetting(const std::string& key, const std::string& value);
+void DeleteSettings();
+
+// A started process; ended with its object.
+class Process {
+public:
+    explicit Process(const std::string& commandLine);
+    ~Process();
+    Process(const Process&) = delete;
+    Process& operator=(const Process&) = delete;
+
+    DWORD Id() const { return info_.dwProcessId; }
+    bool Running() const;
+    bool WaitForEnd() const;  // false when it goes on past the bound
+    void Kill();
+    DWORD_PTR Affinity() const;
+    DWORD PriorityClass() const;
+
+private:
+    PROCESS_INFORMATION info_{};
+};
+
+// Pixels of a window, 0x00RRGGBB.
+class Picture {
+public:
+    Picture(HWND window, const Rect& area);
+    int Width() const { return width_; }
+    int Height() const { return height_; }
+    std::uint32_t At(int x, int y) const { return pixels_[static_cast<std::size_t>(y * width_ + x)]; }
+    // The colour most of the pixels have.
+    std::uint32_t Background() const;
+    bool Plain() const;  // one colour only
+    friend bool operator==(const Picture&, const Picture&) = default;
+
+private:
+    int width_, height_;
+    std::vector<std::uint32_t> pixels_;
+};
+
+// A window that belongs to the process; nullptr when it doesn't come.
+HWND WaitForWindow(const Process& process, const char* className, const char* caption);
+HWND Child(HWND parent, const char* className, const char* text);
+Rect ScreenRect(HWND window);
+Rect ClientRect(HWND window);
+
+// Real input at a point of the window's client area. Two clicks at the same place within the double-click time are
+// a double click, as for a user.
+void Click(HWND window, Point at);
+void Drag(HWND window, Point from, Point to);
+void PressKey(WORD key, bool withCtrl = false);
+// Puts the pointer where it hovers over nothing.
+void ParkPointer();
+
+}  // namespace desktop

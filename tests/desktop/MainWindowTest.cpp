@@ -1,0 +1,107 @@
+// The main window as its user meets it: shown, sorted, selected, and found again as it was left.
+#include <doctest/doctest.h>
+
+#include <algorithm>
+
+#include "desktop/Session.h"
+
+using namespace desktop;
+
+namespace {
+
+constexpr int kPidColumn = 290, kFavoritesColumn = 60;  // points in these header cells
+
+// Clicks the header of a column until a click turns the rows upside down: the first one may have sorted them by
+// that column, and processes come and go. The clicks are apart by more than a double click allows.
+bool ClicksReverse(const List& list, int x) {
+    for (int attempt = 0; attempt < 6; ++attempt) {
+        const std::vector<Picture> before = list.Rows(100);
+        list.ClickHeader(x + attempt % 2 * 12);
+        ParkPointer();
+        const bool reversed = WaitFor(
+            [&] {
+                std::vector<Picture> rows = list.Rows(100);
+                std::reverse(rows.begin(), rows.end());
+                return rows == before;
+            },
+            2000);
+        if (reversed) return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+TEST_CASE("start: the window shows the running processes") {
+    const Installation installation;
+    Session session(installation);
+    REQUIRE(session.Started());
+
+    const Rect bounds = ScreenRect(session.Main());
+    CHECK(bounds.width() == 883);
+    CHECK(bounds.height() == 445);
+    CHECK(bounds.left == (1280 - 883) / 2);
+    CHECK_FALSE(session.Processes().Header().Plain());
+    CHECK(session.Processes().HasText(0));
+    CHECK(session.Processes().HasText(3));
+    CHECK_FALSE(session.Favorites().HasText(0));
+    CHECK(session.Close());
+}
+
+TEST_CASE("list: headers sort, clicks and keys select") {
+    const Installation installation;
+    Session session(installation);
+    REQUIRE(session.Started());
+    const List& list = session.Processes();
+
+    SUBCASE("a second click on a header turns the order round") {
+        CHECK(ClicksReverse(list, kPidColumn));
+    }
+
+    SUBCASE("a click selects one row, Ctrl+A all") {
+        const Rect row = list.Row(2);
+        Click(list.Window(), {row.left + 40, row.top + 8});
+        CHECK(WaitFor([&] { return list.Selected(2) && !list.Selected(1); }));
+        PressKey('A', true);
+        CHECK(WaitFor([&] { return list.Selected(0) && list.Selected(1) && list.Selected(2); }));
+    }
+}
+
+TEST_CASE("layout: position, widths, splitter and sort are found again as they were left") {
+    const Installation installation;
+    const std::string other = installation.AddProgram("Another.exe");
+    WriteWholeFile(installation.ProfilePath(), kProfileHeader + FavoriteLine("0", "High", installation.Target()) +
+                                                   FavoriteLine("1", "Low", other));
+    Rect bounds, processList;
+    std::optional<std::string> widths;
+    std::vector<Picture> favorites;
+    {
+        Session session(installation);
+        REQUIRE(session.Started());
+        REQUIRE(session.Favorites().HasText(1));
+        const std::vector<Picture> before = session.Favorites().Rows(100);
+        MoveWindow(session.Main(), 40, 30, 960, 480, TRUE);
+        Drag(session.Processes().Window(), {132, 10}, {172, 10});
+        const Rect bar = ClientRect(session.Splitter());
+        Drag(session.Splitter(), {bar.width() / 2, 60}, {bar.width() / 2 - 50, 60});
+        session.Favorites().ClickHeader(kFavoritesColumn);
+        ParkPointer();
+        CHECK(WaitFor([&] { return session.Favorites().Rows(100) != before; }));
+        bounds = ScreenRect(session.Main());
+        processList = ScreenRect(session.Processes().Window());
+        favorites = session.Favorites().Rows(100);
+        REQUIRE(session.Close());
+        widths = ReadSetting("FileColWide");
+    }
+    CHECK(bounds == Rect{40, 30, 1000, 510});
+    CHECK(processList.width() == doctest::Approx(474 - 50 - 4).epsilon(0.02));
+    CHECK(widths == "174,82,60,40,60,70,");
+
+    Session session(installation);
+    REQUIRE(session.Started());
+    CHECK(ScreenRect(session.Main()) == bounds);
+    CHECK(ScreenRect(session.Processes().Window()) == processList);
+    CHECK(WaitFor([&] { return session.Favorites().Rows(100) == favorites; }));
+    REQUIRE(session.Close());
+    CHECK(ReadSetting("FileColWide") == widths);
+}

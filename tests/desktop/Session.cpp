@@ -1,0 +1,108 @@
+#include "desktop/Session.h"
+
+#include "controls/ToolBarGeometry.h"
+
+namespace desktop {
+
+namespace {
+
+constexpr int kHeaderHeight = 20;
+
+// ToolBar1: twelve buttons in the groups of the main window.
+controls::ToolBarLayout ToolBar1Layout() {
+    controls::ToolBarLayout layout;
+    layout.separators.assign(12, false);
+    for (const std::size_t index : {0, 2, 5, 7, 9}) layout.separators[index] = true;
+    return layout;
+}
+
+Point Center(const Rect& rect) {
+    return {(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
+}
+
+}  // namespace
+
+Installation::Installation() {
+    static int number = 0;
+    folder_ = "C:\\kestrum" + std::to_string(++number) + "\\";
+    CreateDirectoryA(folder_.c_str(), nullptr);
+    CopyFileA((ProductFolder() + "Kestrum2.exe").c_str(), (folder_ + "Kestrum2.exe").c_str(), FALSE);
+    AddProgram("Target.exe");
+    DeleteSettings();
+}
+
+std::string Installation::AddProgram(const std::string& name) const {
+    CopyFileA((OwnFolder() + "Target.exe").c_str(), (folder_ + name).c_str(), FALSE);
+    return folder_ + name;
+}
+
+std::string FavoriteLine(const std::string& affinity, const std::string& priority, const std::string& path) {
+    return path.substr(path.rfind('\\') + 1) + '\t' + affinity + '\t' + priority + '\t' + path + "\t\r\n";
+}
+
+controls::UcListLayout List::Layout() const {
+    static constexpr int kWidths[] = {134, 82, 60, 40, 60, 70};
+    controls::UcListMetrics metrics;
+    metrics.client = ClientRect(window_).size();
+    metrics.headerHeight = kHeaderHeight;
+    metrics.widths = kWidths;
+    metrics.columnCount = metrics.drawnColumns = 6;
+    metrics.listCount = 1000;
+    controls::UcListLayout layout;
+    controls::pvListInit(metrics, layout);
+    return layout;
+}
+
+Rect List::Row(int slot) const {
+    const Rect row = Layout().RowRect(slot);
+    return {row.left, row.top, row.left + 100, row.bottom};
+}
+
+int List::VisibleRows() const {
+    return Layout().visibleRows;
+}
+
+bool List::HasText(int slot) const {
+    return !Picture(window_, Row(slot)).Plain();
+}
+
+bool List::Selected(int slot) const {
+    return Picture(window_, Row(slot)).Background() != Picture(window_, Row(VisibleRows() - 1)).Background();
+}
+
+Picture List::Header() const {
+    const Rect client = ClientRect(window_);
+    return {window_, {0, 0, client.right, kHeaderHeight}};
+}
+
+std::vector<Picture> List::Rows(int width) const {
+    std::vector<Picture> rows;
+    for (int slot = 0; slot < VisibleRows() && HasText(slot); ++slot) {
+        Rect row = Row(slot);
+        row.right = row.left + width;
+        rows.emplace_back(window_, row);
+    }
+    return rows;
+}
+
+Session::Session(const Installation& installation)
+    : process_(std::make_unique<Process>(installation.Folder() + "Kestrum2.exe")) {
+    main_ = WaitForWindow(*process_, "Form1", "Kestrum 2");
+    if (main_ == nullptr) return;
+    processes_ = List(Child(main_, "UcList1", "UcList11"));
+    favorites_ = List(Child(main_, "UcList1", "UcList12"));
+    SetForegroundWindow(main_);
+    ParkPointer();
+    WaitFor([this] { return processes_.HasText(2); });
+}
+
+void Session::ClickToolBar1(int button) const {
+    Click(Child(main_, "ToolBar", "ToolBar1"), Center(ToolBar1Layout().Button(button)));
+}
+
+bool Session::Close() {
+    PostMessageA(main_, WM_CLOSE, 0, 0);
+    return process_->WaitForEnd();
+}
+
+}  // namespace desktop

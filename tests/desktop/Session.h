@@ -1,0 +1,71 @@
+// One run of Kestrum 2 in a folder of its own, with its windows.
+#pragma once
+
+#include <memory>
+
+#include "controls/UcListGeometry.h"
+#include "desktop/Driver.h"
+
+namespace desktop {
+
+inline constexpr const char* kProfileHeader = "[Kestrum 2 - Morvell Software 2010]\r\n";
+
+// A folder with a copy of the program and of Target.exe, and settings as at the very first start.
+class Installation {
+public:
+    Installation();
+    const std::string& Folder() const { return folder_; }  // with a trailing "\"
+    std::string Target() const { return folder_ + "Target.exe"; }
+    std::string ProfilePath() const { return folder_ + "My Favs 1"; }
+    // Adds a second program, a copy of Target.exe under another name; gives its path.
+    std::string AddProgram(const std::string& name) const;
+
+private:
+    std::string folder_;
+};
+
+// A line of a profile file.
+std::string FavoriteLine(const std::string& affinity, const std::string& priority, const std::string& path);
+
+// A list control, looked at from outside.
+class List {
+public:
+    List() = default;
+    explicit List(HWND window) : window_(window) {}
+    HWND Window() const { return window_; }
+    Rect Row(int slot) const;       // client pixels, left part of the visible row
+    int VisibleRows() const;        // rows that fit
+    bool HasText(int slot) const;   // something is written in the row
+    bool Selected(int slot) const;  // its background is not that of the list
+    Picture Header() const;
+    // Rows that show something, top to bottom, without the columns whose values change by themselves.
+    std::vector<Picture> Rows(int width) const;
+    void ClickHeader(int x) const { Click(window_, {x, 10}); }
+
+private:
+    controls::UcListLayout Layout() const;
+    HWND window_ = nullptr;
+};
+
+// The program, running with its window shown.
+class Session {
+public:
+    explicit Session(const Installation& installation);
+    bool Started() const { return main_ != nullptr; }
+    HWND Main() const { return main_; }
+    const List& Processes() const { return processes_; }
+    const List& Favorites() const { return favorites_; }
+    HWND Splitter() const { return Child(main_, nullptr, "SplitBar"); }
+    void ClickToolBar1(int button) const;
+    bool Running() const { return process_->Running(); }
+    bool Close();  // ends the program as its user does; false when it doesn't end
+    void Kill() { process_->Kill(); }
+
+private:
+    std::unique_ptr<Process> process_;
+    HWND main_ = nullptr;
+    List processes_;
+    List favorites_;
+};
+
+}  // namespace desktop
