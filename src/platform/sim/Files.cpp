@@ -1,0 +1,222 @@
+// Files of the simulated machine: one tree, compared without regard to case, on drives that always exist.
+#include "platform/Files.h"
+
+#include "platform/CodePage.h"
+#include "platform/sim/SimMachine.h"
+
+namespace platform {
+
+using sim::FileEntry;
+using sim::machine;
+using sim::pathKey;
+
+namespace {
+
+constexpr std::size_t kMaxPath = 260;
+
+bool isDrive(std::string_view key) {
+    return key.size() == 2;
+}
+std::string parentKey(const std::string& key) {
+    return key.substr(0, key.rfind('\\'));
+}
+
+FileEntry* findEntry(const std::string& key) {
+    const auto found = machine().disk.entries.find(key);
+    return found == machine().disk.entries.end() ? nullptr : &found->second;
+}
+
+bool isFolder(const std::string& key) {
+    if (isDrive(key)) return true;
+    const FileEntry* entry = findEntry(key);
+    return entry != nullptr && entry->folder;
+}
+
+bool inReadOnlyFolder(std::string key) {
+    while (!isDrive(key)) {
+        key = parentKey(key);
+        const FileEntry* folder = findEntry(key);
+        if (folder != nullptr && folder->readOnly) return true;
+    }
+    return false;
+}
+
+// Whether a file can come to stand at this place.
+bool canPlaceFile(const std::string& key) {
+    return !key.empty() && !isFolder(key) && isFolder(parentKey(key)) && !inReadOnlyFolder(key);
+}
+
+// Counts one changing operation; false when the program was stopped before it, with `dying` set for the very
+// operation that it was stopped in.
+bool mayChange(bool& dying) {
+    auto& disk = machine().disk;
+    dying = false;
+    if (!disk.operationsLeft) return true;
+    if (*disk.operationsLeft > 0) {
+        --*disk.operationsLeft;
+        return true;
+    }
+    dying = !disk.stopped;
+    disk.stopped = true;
+    return false;
+}
+
+bool matches(std::string_view name, std::string_view pattern) {
+    if (pattern.empty()) return name.empty();
+    if (pattern.front() == '*') {
+        for (std::size_t skipped = 0; skipped <= name.size(); ++skipped) {
+            if (matches(name.substr(skipped), pattern.substr(1))) return true;
+        }
+        return false;
+    }
+    return !name.empty() && (pattern.front() == '?' || pattern.front() == name.front()) &&
+           matches(name.substr(1), pattern.substr(1));
+}
+
+std::string lastName(const std::string& path) {
+    return path.substr(path.rfind('\\') + 1);
+}
+
+// "C:\a\" gives "C:\a"; the path is known to name something.
+std::string plainPath(std::string path) {
+    for (char& letter : path) {
+        if (letter == '/') letter = '\\';
+    }
+    for (std::size_t at = path.find("\\\\"); at != std::string::npos; at = path.find("\\\\")) path.erase(at, 1);
+    if (path.size() > 2 && path.back() == '\\') path.pop_back();
+    return path;
+}
+
+}  // namespace
+
+std::optional<std::string> readFile(const std::string& path, std::size_t maxBytes) {
+    const FileEntry* entry = findEntry(pathKey(path));
+    if (entry == nullptr || entry->folder || entry->content.size() > maxBytes) return std::nullopt;
+    return entry->content;
+}
+
+bool writeFile(const std::string& path, std::string_view content) {
+    sim::note("writeFile", path);
+    bool dying = false;
+    const bool may = mayChange(dying);
+    const std::string key = pathKey(path);
+    if (!canPlaceFile(key) || (!may && !dying)) return false;
+
+    auto& disk = machine().disk;
+    FileEntry& entry = disk.entries.try_emplace(key, FileEntry{plainPath(path), {}, false, false}).first->second;
+    std::size_t room = content.size();
+    if (disk.space) {
+        *disk.space += entry.content.size();
+        room = *disk.space;
+    }
+    if (dying) room = std::min(room, content.size() / 2);
+    entry.content = content.substr(0, room);
+    if (disk.space) *disk.space -= entry.content.size();
+    return may && room >= content.size();
+}
+
+bool moveFileOver(const std::string& from, const std::string& to) {
+    sim::note("moveFileOver", from + " -> " + to);
+    bool dying = false;
+    const std::string source = pathKey(from);
+    const std::string target = pathKey(to);
+    if (!mayChange(dying) || !canPlaceFile(source) || !canPlaceFile(target)) return false;
+    auto& disk = machine().disk;
+    const auto moved = disk.entries.find(source);
+    if (moved == disk.entries.end()) return false;
+
+    FileEntry entry = std::move(moved->second);
+    disk.entries.erase(moved);
+    entry.path = plainPath(to);
+    const FileEntry* replaced = findEntry(target);
+    if (replaced != nullptr && disk.space) *disk.space += replaced->content.size();
+    disk.entries[target] = std::move(entry);
+    return true;
+}
+
+bool deleteFile(const std::string& path) {
+    sim::note("deleteFile", path);
+    bool dying = false;
+    const std::string key = pathKey(path);
+    if (!mayChange(dying) || !canPlaceFile(key)) return false;
+    auto& disk = machine().disk;
+    const auto found = disk.entries.find(key);
+    if (found == disk.entries.end()) return false;
+    if (disk.space) *disk.space += found->second.content.size();
+    disk.entries.erase(found);
+    return true;
+}
+
+bool fileExists(const std::string& path) {
+    const FileEntry* entry = findEntry(pathKey(path));
+    return entry != nullptr && !entry->folder;
+}
+
+std::vector<std::string> listFiles(const std::string& folder, const std::string& pattern) {
+    std::vector<std::string> names;
+    const std::string key = pathKey(folder);
+    if (key.empty() || !isFolder(key)) return names;
+    const std::string wanted = pattern == "*.*" ? "*" : lowerCase(pattern);
+    const std::string prefix = key + "\\";
+    const auto& entries = machine().disk.entries;
+    for (auto at = entries.lower_bound(prefix); at != entries.end() && at->first.starts_with(prefix); ++at) {
+        const std::string_view name = std::string_view(at->first).substr(prefix.size());
+        if (at->second.folder || name.find('\\') != std::string_view::npos) continue;
+        if (matches(name, wanted)) names.push_back(lastName(at->second.path));
+    }
+    return names;
+}
+
+bool createFolders(const std::string& path) {
+    const std::string key = pathKey(path);
+    if (key.empty()) return false;
+    if (isFolder(key)) return true;
+    const std::string plain = plainPath(path);
+    if (findEntry(key) != nullptr || !createFolders(plain.substr(0, plain.rfind('\\') + 1))) return false;
+    if (inReadOnlyFolder(key)) return false;
+    sim::note("createFolder", plain);
+    machine().disk.entries[key] = {plain, {}, true, false};
+    return true;
+}
+
+std::optional<std::string> longPathName(const std::string& path) {
+    std::string key = pathKey(path);
+    if (key.empty() || (!isDrive(key) && findEntry(key) == nullptr)) return std::nullopt;
+    std::string result;
+    for (; !isDrive(key); key = parentKey(key)) {
+        const FileEntry* entry = findEntry(key);
+        result.insert(0, "\\" + lastName(entry->path));
+    }
+    return path.substr(0, 2) + (result.empty() ? "\\" : result);
+}
+
+namespace sim {
+
+std::string pathKey(std::string_view path) {
+    if (path.size() < 3 || path.size() >= kMaxPath || path[1] != ':') return {};
+    if (path[2] != '\\' && path[2] != '/') return {};
+    for (std::size_t at = 0; at < path.size(); ++at) {
+        const auto letter = static_cast<unsigned char>(path[at]);
+        if (letter < 0x20 || (letter == ':' && at != 1)) return {};
+        if (std::string_view("<>\"|?*").find(path[at]) != std::string_view::npos) return {};
+    }
+    return lowerCase(plainPath(std::string(path)));
+}
+
+void putEntry(Machine& state, const std::string& path, std::string content, bool folder) {
+    const std::string key = pathKey(path);
+    if (key.empty()) fail("putFile, putFolder: not an absolute path");
+    const std::string plain = plainPath(path);
+    for (std::size_t at = key.find('\\', 3); at != std::string::npos; at = key.find('\\', at + 1)) {
+        state.disk.entries.try_emplace(key.substr(0, at), FileEntry{plain.substr(0, at), {}, true, false});
+    }
+    if (folder) {
+        state.disk.entries.try_emplace(key, FileEntry{plain, {}, true, false});
+    } else {
+        state.disk.entries[key] = FileEntry{plain, std::move(content), false, false};
+    }
+}
+
+}  // namespace sim
+
+}  // namespace platform

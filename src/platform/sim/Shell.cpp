@@ -1,0 +1,38 @@
+// The shell of the simulated machine: its file chooser is answered by the test, documents are only remembered.
+#include "platform/Shell.h"
+
+#include "platform/Files.h"
+#include "platform/sim/SimDesktop.h"
+#include "platform/sim/SimMachine.h"
+
+namespace platform {
+
+std::optional<std::string> chooseFile(Window& owner, const std::string& title, const std::vector<FileType>&) {
+    sim::note("chooseFile", title);
+    const std::uintptr_t native = owner.native();
+    const bool disabled = sim::disableOwner(native);
+    sim::run(sim::kModalMilliseconds);
+    if (disabled) sim::enableOwner(native);
+    auto& answers = sim::machine().desktop.fileAnswers;
+    if (answers.empty()) return std::nullopt;
+    std::optional<std::string> answer = std::move(answers.front());
+    answers.pop_front();
+    return answer;
+}
+
+bool openDocument(Window&, const std::string& path) {
+    sim::note("openDocument", path);
+    if (!sim::machine().shellRunning || !fileExists(path)) return false;
+    sim::machine().openedDocuments.push_back(path);
+    return true;
+}
+
+std::vector<std::string> sim::openedDocuments() {
+    return machine().openedDocuments;
+}
+
+void sim::whenChoosingFile(std::optional<std::string> answer) {
+    machine().desktop.fileAnswers.push_back(std::move(answer));
+}
+
+}  // namespace platform

@@ -1,0 +1,62 @@
+// How the parts of the simulated desktop reach windows: by native number, as any handler may destroy any window.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "platform/sim/SimMachine.h"
+
+namespace platform {
+
+// The platform's way to the handlers of a window.
+struct WindowAccess {
+    static void paint(Window& to, Canvas& canvas, const Rect& dirty) { to.onPaint(canvas, dirty); }
+    static void size(Window& to, Size client, WindowState state) { to.onSize(client, state); }
+    static void mouse(Window& to, const MouseEvent& event) { to.onMouse(event); }
+    static void mouseLeave(Window& to) { to.onMouseLeave(); }
+    static void wheel(Window& to, const WheelEvent& event) { to.onWheel(event); }
+    static void key(Window& to, const KeyEvent& event) { to.onKey(event); }
+    static void focus(Window& to, bool gained) { to.onFocus(gained); }
+    static void timer(Window& to, int id) { to.onTimer(id); }
+    static void captureLost(Window& to) { to.onCaptureLost(); }
+    static void dropFiles(Window& to, const std::vector<std::string>& paths) { to.onDropFiles(paths); }
+    static void systemColors(Window& to) { to.onSystemColors(); }
+    static void close(Window& to) { to.onClose(); }
+    static void endSession(Window& to) { to.onEndSession(); }
+    static void taskbarCreated(Window& to) { to.onTaskbarCreated(); }
+    static void destroyed(Window& to) { to.onDestroyed(); }
+    static Size minimumSize(const Window& of) { return of.minimumSize(); }
+    static void forget(Window& window) { window.native_ = 0; }
+};
+
+namespace sim {
+
+// How long a menu, dialog or chooser stays open before the script answers it.
+inline constexpr std::uint32_t kModalMilliseconds = 500;
+
+using WindowPointer = std::shared_ptr<WindowRecord>;
+
+WindowPointer findRecord(std::uintptr_t native);      // null when it is gone
+WindowPointer topLevel(const WindowPointer& inside);  // the window that holds it, itself when it is top-level
+bool isVisible(const WindowRecord& record);
+bool takesInput(const WindowRecord& record);  // it and all that hold it are enabled
+Size clientSizeOf(const WindowRecord& record);
+Point clientOrigin(const WindowRecord& record);  // in screen pixels
+void invalidateRecord(WindowRecord& record, const Rect& area);
+void invalidateTree(const WindowPointer& record);
+void setFocus(std::uintptr_t native);                      // 0: nobody
+void activate(const WindowPointer& window);                // a top-level window
+void setCapture(std::uintptr_t native);                    // 0: nobody; tells the loser
+void moveFocus(const WindowPointer& from, bool backward);  // what Tab does
+void sendTimer(std::uintptr_t window, int id);
+// Paints what is invalid and can be seen.
+void paintInvalid();
+void paintRecord(const WindowPointer& record);
+
+// Disables the window behind a modal one; true when it was enabled before.
+bool disableOwner(std::uintptr_t owner);
+void enableOwner(std::uintptr_t owner);
+
+}  // namespace sim
+
+}  // namespace platform

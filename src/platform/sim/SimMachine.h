@@ -1,0 +1,214 @@
+// The state of the simulated machine, shared by the seam's functions (one .cpp a header) and the test side of
+// Sim.h. Reached through machine(): the machine itself is the one global there can be.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "platform/sim/Sim.h"
+
+namespace platform::sim {
+
+// A number that was never given out before, not even before a reset: what names an object by an old number
+// finds nothing.
+std::uintptr_t nextSerial();
+
+// Open objects of one kind, by the raw value of their handle. Constant time, slots are used again.
+template <class T>
+class HandleTable {
+public:
+    std::uintptr_t add(T value) {
+        std::size_t index = slots_.size();
+        if (free_.empty()) {
+            slots_.emplace_back();
+        } else {
+            index = free_.back();
+            free_.pop_back();
+        }
+        slots_[index].raw = nextSerial() << kIndexBits | index;
+        slots_[index].value = std::move(value);
+        return slots_[index].raw;
+    }
+    T* find(std::uintptr_t raw) {
+        const std::size_t index = raw & ((std::uintptr_t{1} << kIndexBits) - 1);
+        return raw != 0 && index < slots_.size() && slots_[index].raw == raw ? &slots_[index].value : nullptr;
+    }
+    void remove(std::uintptr_t raw) {
+        if (find(raw) == nullptr) return;
+        const std::size_t index = raw & ((std::uintptr_t{1} << kIndexBits) - 1);
+        slots_[index].raw = 0;
+        slots_[index].value = T{};
+        free_.push_back(index);
+    }
+    int count() const { return static_cast<int>(slots_.size() - free_.size()); }
+
+private:
+    static constexpr int kIndexBits = 20;
+    struct Slot {
+        std::uintptr_t raw = 0;
+        T value{};
+    };
+    std::vector<Slot> slots_;
+    std::vector<std::size_t> free_;
+};
+
+struct ProcessRecord {
+    Process data;
+    std::uintptr_t serial = 0;  // tells a process from a later one with the same id
+};
+struct OpenProcess {
+    ProcessId id = 0;
+    std::uintptr_t serial = 0;
+    std::uint32_t access = 0;
+};
+struct ProcessTable {
+    std::vector<std::unique_ptr<ProcessRecord>> inOrder;  // of creation
+    std::unordered_map<ProcessId, ProcessRecord*> byId;
+    HandleTable<OpenProcess> open;
+    HandleTable<std::uint32_t> tokens;  // the access asked for
+    std::vector<std::uint32_t> accessesAsked;
+    ProcessId nextId = 104;
+    int processorCount = 4;
+    bool enumerationFails = false;
+};
+
+struct FileEntry {
+    std::string path;  // in its true case
+    std::string content;
+    bool folder = false;
+    bool readOnly = false;  // folders: nothing in or below it can be created, changed or removed
+};
+struct Disk {
+    std::map<std::string, FileEntry> entries;  // by pathKey
+    std::optional<std::size_t> space;
+    std::optional<int> operationsLeft;
+    bool stopped = false;
+};
+
+struct StoreValue {
+    std::string value;
+    bool isText = true;
+};
+
+struct TimerRecord {
+    std::uintptr_t serial = 0;  // the handle of a process-wide timer
+    std::uintptr_t window = 0;  // 0: process-wide
+    int id = 0;                 // of a window timer
+    std::uint64_t due = 0;
+    std::uint32_t period = 0;
+    std::shared_ptr<const std::function<void(std::uintptr_t)>> fire;  // kept alive during the call
+};
+
+struct IconData {
+    std::string source;  // program file, or number of the resource
+    int size = 0;
+};
+struct PictureData {
+    Size size;
+    bool alpha = false;
+    std::vector<std::uint32_t> pixels;  // rows from the top, 0xAABBGGRR, premultiplied when there is alpha
+};
+
+struct WindowRecord {
+    Window* object = nullptr;  // nullptr while its destructor runs
+    std::uintptr_t native = 0;
+    std::uintptr_t parent = 0;
+    WindowKind kind = WindowKind::Child;
+    std::string className;
+    std::string title;
+    std::vector<std::uintptr_t> children;  // in order of creation; not the dialogs it owns
+    Rect bounds;
+    Rect normal;
+    WindowState state = WindowState::Normal;
+    bool restoreToMaximized = false;
+    bool shown = false;
+    bool sizeSent = false;
+    bool enabled = true;
+    bool tabStop = false;
+    bool topmost = false;
+    bool acceptsFiles = false;
+    bool destroying = false;
+    std::uintptr_t modalOwner = 0;  // disabled until this dialog hides or goes
+    Pointer pointer = Pointer::Arrow;
+    std::uintptr_t lastFocus = 0;  // top-level: what gets the focus when it is activated again
+    Rect invalid;
+    Size bufferSize;
+    std::vector<Color> buffer;
+    std::vector<Drawn> drawn;  // the last paint only
+};
+
+struct Desktop {
+    std::map<std::uintptr_t, std::shared_ptr<WindowRecord>> windows;  // ascending: in order of creation
+    std::vector<Rect> screens{{0, 0, 1280, 800}};
+    std::array<Color, 10> systemColors{rgb(255, 255, 255), rgb(0, 0, 0), rgb(10, 36, 106),   rgb(255, 255, 255),
+                                       rgb(212, 208, 200), rgb(0, 0, 0), rgb(128, 128, 128), rgb(255, 255, 255),
+                                       rgb(128, 128, 128), rgb(0, 0, 0)};
+    std::uintptr_t active = 0;  // a top-level window
+    std::uintptr_t focus = 0;
+    std::uintptr_t capture = 0;
+    std::uintptr_t underPointer = 0;
+    std::uintptr_t hovered = 0;  // got a move, and no leave since
+    bool leftHeld = false;
+    int busy = 0;
+    int quitCode = -1;
+    std::uint64_t drawCount = 0;
+    std::deque<std::function<void(Window&)>> modalScripts;
+    std::deque<std::optional<std::string>> fileAnswers;
+};
+
+struct ShellIcon {
+    std::uintptr_t owner = 0;
+    TrayIcon icon;
+};
+
+struct Machine {
+    Machine();
+
+    std::uint64_t now = 3'600'000;  // milliseconds since the machine started
+    std::int64_t performanceFrequency = 10'000'000;
+    ProcessTable processes;
+    Disk disk;
+    std::map<std::string, std::map<std::string, StoreValue>> store;  // lower-case section, lower-case key
+    std::vector<TimerRecord> timers;
+    HandleTable<IconData> icons;
+    HandleTable<PictureData> pictures;
+    std::map<int, PictureData> pictureResources;
+    Desktop desktop;
+    std::vector<ShellIcon> trayIcons;
+    std::vector<Balloon> balloons;
+    bool shellRunning = true;
+    std::vector<std::string> sounds;
+    std::vector<std::string> openedDocuments;
+    std::vector<std::string> log;
+};
+
+Machine& machine();
+
+// Recordings stop growing here, so that a soak test can run for days of simulated time.
+inline constexpr std::size_t kMostRecorded = 100'000;
+
+// Adds "what argument" to the log.
+void note(std::string_view what, std::string_view argument = {});
+// What no test may do: says so and ends the program.
+[[noreturn]] void fail(const char* message);
+
+// The clock at `now` milliseconds as 100-ns units since 1601.
+std::uint64_t fileTime(std::uint64_t milliseconds);
+// Moves the clock forward to `milliseconds`; processes with a load use processor time.
+void moveClock(std::uint64_t milliseconds);
+
+// Key of an absolute path in Disk::entries; empty when the path names nothing.
+std::string pathKey(std::string_view path);
+void putEntry(Machine& state, const std::string& path, std::string content, bool folder);
+
+}  // namespace platform::sim

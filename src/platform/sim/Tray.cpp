@@ -1,0 +1,75 @@
+// The notification area of the simulated machine.
+#include "platform/Tray.h"
+
+#include <algorithm>
+
+#include "platform/sim/SimMachine.h"
+
+namespace platform {
+
+using sim::machine;
+
+namespace {
+
+sim::ShellIcon* findIcon(const Window& owner, std::uint32_t id) {
+    auto& state = machine();
+    if (!state.shellRunning) return nullptr;
+    const auto found = std::find_if(
+        state.trayIcons.begin(), state.trayIcons.end(),
+        [&owner, id](const sim::ShellIcon& shown) { return shown.owner == owner.native() && shown.icon.id == id; });
+    return found == state.trayIcons.end() ? nullptr : &*found;
+}
+
+}  // namespace
+
+bool trayAdd(const Window& owner, std::uint32_t id, std::uintptr_t icon, const std::string& tip) {
+    sim::note("trayAdd", std::to_string(id));
+    if (!machine().shellRunning || !owner.exists() || findIcon(owner, id) != nullptr) return false;
+    machine().trayIcons.push_back({owner.native(), {id, icon, tip.substr(0, 127)}});
+    return true;
+}
+
+bool trayModify(const Window& owner, std::uint32_t id, std::uintptr_t icon, const std::string& tip) {
+    sim::note("trayModify", std::to_string(id));
+    sim::ShellIcon* shown = findIcon(owner, id);
+    if (shown == nullptr) return false;
+    shown->icon = {id, icon, tip.substr(0, 127)};
+    return true;
+}
+
+bool trayDelete(const Window& owner, std::uint32_t id) {
+    sim::note("trayDelete", std::to_string(id));
+    const sim::ShellIcon* shown = findIcon(owner, id);
+    if (shown == nullptr) return false;
+    machine().trayIcons.erase(machine().trayIcons.begin() + (shown - machine().trayIcons.data()));
+    return true;
+}
+
+bool trayBalloon(const Window& owner, std::uint32_t id, const std::string& title, const std::string& text,
+                 BalloonIcon icon) {
+    sim::note("trayBalloon", title);
+    if (findIcon(owner, id) == nullptr) return false;
+    machine().balloons.push_back({title.substr(0, 63), text.substr(0, 255), icon});
+    return true;
+}
+
+namespace sim {
+
+std::vector<TrayIcon> trayIcons() {
+    std::vector<TrayIcon> icons;
+    for (const ShellIcon& shown : machine().trayIcons) icons.push_back(shown.icon);
+    return icons;
+}
+
+std::vector<Balloon> balloons() {
+    return machine().balloons;
+}
+
+void setShellRunning(bool running) {
+    machine().shellRunning = running;
+    if (!running) machine().trayIcons.clear();
+}
+
+}  // namespace sim
+
+}  // namespace platform
