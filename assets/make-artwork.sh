@@ -1,0 +1,58 @@
+#!/bin/sh
+# Makes the program's bitmaps and icons from svg/. The results are committed: run this after changing a drawing.
+# Needs rsvg-convert (librsvg2-bin) and convert (imagemagick).
+set -eu
+cd "$(dirname "$0")"
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+
+# render SOURCE SIZE: draws svg/SOURCE.svg at SIZE pixels.
+render() {
+    rsvg-convert -w "$2" -h "$2" "svg/$1.svg" -o "$work/$1-$2.png"
+}
+
+# masked SOURCE SIZE GROUND: the picture for copying with white left out. What is transparent becomes white, soft
+# edges are mixed with GROUND (the colour the picture will stand on), and white inside the drawing is spared.
+masked() {
+    render "$1" "$2"
+    convert "$work/$1-$2.png" \( +clone -alpha extract -threshold 12% -negate +write "$work/outside.png" +delete \) \
+        -background "$3" -flatten -fill 'rgb(254,254,254)' -opaque white \
+        \( "$work/outside.png" -background white -alpha copy -fill white -colorize 100 \) -composite \
+        "$work/$1.png"
+}
+
+# strip RESULT SIZE GROUND SOURCE...: a bitmap of pictures side by side.
+strip() {
+    result=$1 size=$2 ground=$3
+    shift 3
+    pictures=
+    for source in "$@"; do
+        masked "$source" "$size" "$ground"
+        pictures="$pictures $work/$source.png"
+    done
+    # shellcheck disable=SC2086
+    convert $pictures +append -alpha off -type TrueColor -strip BMP3:"$result"
+}
+
+# icon RESULT SOURCE:SIZE...: an icon of 32-bit images (no PNG ones, which older systems pass over).
+icon() {
+    result=$1
+    shift
+    pictures=
+    for image in "$@"; do
+        render "${image%:*}" "${image#*:}"
+        pictures="$pictures $work/${image%:*}-${image#*:}.png"
+    done
+    # shellcheck disable=SC2086
+    convert $pictures -define png:color-type=6 -type TrueColorAlpha -strip ICO:"$result"
+}
+
+face='#F0F0F0'  # button face
+strip toolbar.bmp 24 "$face" tool00-apply tool01-filter tool02-options tool03-browse tool04-remove tool05-setnow \
+    tool06-autoset tool07-enforce tool08-profiles tool09-jr tool10-help tool11-ontop
+strip toolbar2.bmp 16 "$face" list0-addfav list1-addfilter list2-filterdialog list3-extensions list4-tooltips \
+    list5-graph list6-end
+strip msgicons.bmp 32 '#B0B0B0' msg0-info msg1-question
+icon kestrum2.ico kestrum16:16 kestrum24:24 kestrum48:32 kestrum48:48
+icon defaulticon.ico defaulticon16:16 defaulticon32:32
+icon filter.ico filtericon16:16
