@@ -1,0 +1,23 @@
+#include "process/ImageName.h"
+
+#include "platform/Machine.h"
+#include "text/Split.h"
+
+namespace process {
+
+namespace {
+constexpr char kDevicePrefix[] = "\\??\\";
+constexpr char kSystemRoot[] = "\\SystemRoot\\";
+}  // namespace
+
+std::string WindowsDirectoryWithSlash() {
+    std::string directory = platform::windowsDirectory();
+    if (!directory.empty()) directory += '\\';
+    return directory;
+}
+
+std::string NormalizedModulePath(const std::string& path, const std::string& windowsDirectory) {
+    return text::ReplaceAll(text::ReplaceAll(path, kDevicePrefix, ""), kSystemRoot, windowsDirectory);
+}
+
+}  // namespace process

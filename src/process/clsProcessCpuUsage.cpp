@@ -1,0 +1,58 @@
+#include "process/clsProcessCpuUsage.h"
+
+#include "platform/Machine.h"
+#include "process/ProcessAccess.h"
+
+namespace process {
+
+namespace {
+
+// Difference of two times on their low 32 bits, as a signed number: readings lie half a second apart.
+std::uint32_t LowDifference(std::uint64_t now, std::uint64_t before) {
+    return static_cast<std::uint32_t>(now) - static_cast<std::uint32_t>(before);
+}
+
+}  // namespace
+
+void clsProcessCpuUsage::SetPID(platform::ProcessId pid) {
+    if (pid == pid_) return;
+    pid_ = pid;
+    Reset();
+}
+
+void clsProcessCpuUsage::Reset() {
+    processorCount_ = highestCpu_ + 1;
+    frequency_ = platform::performanceFrequency();
+    ReadTimes();
+    previousCounter_ = platform::performanceCounter();
+    previousKernelTime_ = kernelTime_;
+    previousUserTime_ = userTime_;
+}
+
+void clsProcessCpuUsage::ReadTimes() {
+    const platform::ProcessHandle process = platform::openProcess(pid_, rights::kQuery);
+    if (!process) return;
+    if (const auto times = platform::processTimes(process)) {
+        kernelTime_ = times->kernel;
+        userTime_ = times->user;
+    }
+}
+
+double clsProcessCpuUsage::GetCpuUsage() {
+    ReadTimes();
+    const std::int64_t counter = platform::performanceCounter();
+    const auto ticks = static_cast<std::int32_t>(LowDifference(userTime_, previousUserTime_) +
+                                                 LowDifference(kernelTime_, previousKernelTime_));
+    const double busy = static_cast<double>(ticks) / processorCount_;
+    const std::int64_t elapsed = counter - previousCounter_;
+    previousCounter_ = platform::performanceCounter();
+    previousKernelTime_ = kernelTime_;
+    previousUserTime_ = userTime_;
+    if (frequency_ == 0 || elapsed == 0) return 0;
+
+    const double seconds = static_cast<double>(elapsed) / static_cast<double>(frequency_);
+    const double usage = busy / seconds / 100'000;  // 10,000,000 units a second are 100 percent
+    return usage > 100 ? 100 : usage;
+}
+
+}  // namespace process
