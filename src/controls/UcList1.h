@@ -28,6 +28,7 @@ public:
     std::function<void(int column)> HeaderClick;       // after sorting
     std::function<void(std::uint16_t code)> KeyClick;  // a key was released, neither Shift nor Ctrl being held
     std::function<void(int row)> MouseTip;             // display row under the pointer, -1 when it left the rows
+    // Files were dropped here, once the host has called acceptFiles(true).
     std::function<void(const std::vector<std::string>& paths)> FilesDropped;
     std::function<void()> ColumnResized;  // a column has been dragged to its new width
     // The left button, pressed on a row, was released outside the control; client pixels.
@@ -56,7 +57,7 @@ public:
     void SelectItem(int row, bool state) { model_.SelectItem(row, state); }
 
     // ---- sorting; the caller redraws ----
-    void SortCol(int column, bool ascending) { model_.SortCol(column, ascending); }
+    void SortCol(int column, bool ascending);
     int HeaderSelected() const { return headerSelected_; }  // column last clicked
     bool HeaderSortDir() const { return headerSortDir_; }   // that column is ascending
 
@@ -152,14 +153,18 @@ private:
     // What the held left button is doing.
     enum class Drag { None, Item, HeaderCell, ColumnWidth, Bar };
 
-    // UcList1.cpp
+    // UcList1.cpp, UcList1Properties.cpp
     void Changed(std::string_view key);
     const UcListColumn& Addressed() const;
     UcListColumn* AddressedForChange();
     void HeaderChanged();
     UcListLook Look() const;
     void SettleCurrentRow();
-    void ClampTopIndex();
+    void SortByHeader(int column);
+    template <class Value>
+    void ChangeColumn(Value UcListColumn::*member, const Value& value);
+    template <class Reorder>
+    void KeepCurrentItem(Reorder reorder);
 
     // UcList1Input.cpp: mouse and timers
     void LeftDown(const platform::MouseEvent& event);
@@ -170,9 +175,12 @@ private:
     void ScrollColumns(int pixels);
     void PressHeader(int column, platform::Point at);
     void PressItem(const UcListHit& hit, const platform::MouseEvent& event);
+    void BeginDrag(Drag drag);
     void EndDrag();
     void pvOnMouseMove(const platform::MouseEvent& event);
+    void DragWidth(platform::Point at);
     void DragThumb(platform::Point at);
+    void ShapePointer(bool sizing);
     void HoverAt(platform::Point at);
     void EndHover();
 
@@ -203,7 +211,8 @@ private:
     bool ctrlHeld_ = false;
     int anchorRow_ = -1;
     int currentRow_ = -1;
-    bool followSelection_ = false;  // the list was cleared while the current row was selected
+    bool refilling_ = false;        // cleared, and not yet shown with rows again
+    bool followSelection_ = false;  // the current row was selected when the list was cleared
 
     Drag drag_ = Drag::None;
     int dragZone_ = 0;

@@ -1,0 +1,318 @@
+// Mouse and timers of the list.
+#include <algorithm>
+
+#include "controls/UcList1.h"
+
+namespace controls {
+
+using platform::MouseAction;
+using platform::MouseButton;
+using platform::MouseEvent;
+using platform::Point;
+
+namespace {
+
+// Timers 1, 2, 4, 5, 6 and 8 repeat the scroll bar zone of the same number.
+constexpr int kRepaintTimer = 12;
+constexpr int kHoverTimer = 13;
+constexpr std::uint32_t kFirstRepeat = 300;  // ms
+constexpr std::uint32_t kNextRepeat = 50;
+constexpr std::uint32_t kHoverWatch = 100;
+constexpr int kArrowStep = 10;  // pixels
+constexpr int kTrackStep = 100;
+
+template <class Event, class Argument>
+void Raise(const Event& event, const Argument& argument) {
+    if (event) event(argument);
+}
+
+}  // namespace
+
+void UcList1::onMouse(const MouseEvent& event) {
+    lastPoint_ = event.at;
+    const bool pressed = event.action == MouseAction::Down || event.action == MouseAction::DoubleClick;
+    if (event.action == MouseAction::Move) {
+        pvOnMouseMove(event);
+        return;
+    }
+    if (pressed && !focused()) focus();
+    const platform::Size client = clientSize();
+    const bool inside = platform::Rect{0, 0, client.width, client.height}.contains(event.at);
+    switch (event.button) {
+        case MouseButton::Left:
+            if (pressed) {
+                LeftDown(event);
+            } else {
+                LeftUp(event.at);
+            }
+            break;
+        case MouseButton::Right:
+            if (pressed) {
+                RightDown(event.at);
+            } else if (inside) {
+                Raise(Click, 2);
+            }
+            break;
+        case MouseButton::Middle:
+            if (pressed) break;
+            hoverRow_ = -1;
+            Raise(Click, 4);
+            break;
+        case MouseButton::None:
+            break;
+    }
+}
+
+// ---- press and release ----
+
+void UcList1::BeginDrag(Drag drag) {
+    drag_ = drag;
+    capture();
+}
+
+// Whatever the button was doing is over; on release and lost capture alike.
+void UcList1::EndDrag() {
+    for (const int zone : {kZoneUp, kZoneDown, kZoneVerticalTrack, kZoneLeft, kZoneRight, kZoneHorizontalTrack}) {
+        if (zone == repeatZone_) stopTimer(zone);
+    }
+    repeatZone_ = 0;
+    const bool sized = drag_ == Drag::ColumnWidth;
+    drag_ = Drag::None;
+    dragColumn_ = -1;
+    hoverRow_ = -1;
+    releaseCapture();
+    ReDraw();
+    if (sized && ColumnResized) ColumnResized();
+}
+
+void UcList1::onCaptureLost() {
+    if (drag_ != Drag::None) EndDrag();
+}
+
+void UcList1::LeftDown(const MouseEvent& event) {
+    const UcListHit hit = HitTest(Layout(), event.at);
+    if (hit.zone == kZoneHeader) {
+        PressHeader(hit.column, event.at);
+    } else if (hit.zone == kZoneItems) {
+        PressItem(hit, event);
+    } else if (hit.zone != kZoneNothing) {
+        PressBar(hit.zone, event.at);
+    }
+}
+
+void UcList1::LeftUp(Point at) {
+    const bool item = drag_ == Drag::Item;
+    EndDrag();
+    if (!item) return;
+    Raise(Click, 1);
+    const platform::Size client = clientSize();
+    if (!platform::Rect{0, 0, client.width, client.height}.contains(at)) Raise(DragReleased, at);
+}
+
+// A context menu that follows acts on the row it was asked for.
+void UcList1::RightDown(Point at) {
+    const UcListHit hit = HitTest(Layout(), at);
+    const bool onRow = hit.zone == kZoneItems && hit.column >= 0 && hit.row < ListCount();
+    if (!onRow) return;
+    if (!model_.Selected(hit.row)) model_.SelectOnly(hit.row);
+    currentRow_ = anchorRow_ = hit.row;
+    ReDraw();
+}
+
+void UcList1::PressItem(const UcListHit& hit, const MouseEvent& event) {
+    if (hit.column < 0 || hit.row >= ListCount()) return;
+    if (shiftHeld_ || event.modifiers.shift) {
+        const int anchor = anchorRow_ < 0 ? std::max(0, CurrentRow()) : anchorRow_;
+        model_.SelectRange(anchor, hit.row);
+    } else if (ctrlHeld_ || event.modifiers.ctrl) {
+        model_.SelectItem(hit.row, !model_.Selected(hit.row));
+    } else {
+        model_.SelectOnly(hit.row);
+    }
+    anchorRow_ = currentRow_ = hit.row;
+    ReDraw();
+    if (event.action == MouseAction::DoubleClick) {
+        Raise(DblClick, 1);
+    } else {
+        BeginDrag(Drag::Item);
+        Raise(Click, 1);
+    }
+}
+
+void UcList1::PressHeader(int column, Point at) {
+    const int sizing = SizingColumn(Layout(), at);
+    if (sizing >= 0) {
+        BeginDrag(Drag::ColumnWidth);
+        dragColumn_ = sizing;
+        // From the width at the start, not from the column's edge: that may move while the offset is clamped.
+        grabOffset_ = HeaderWidth(sizing) - at.x;
+        return;
+    }
+    if (column >= model_.DrawnColumns()) return;
+    BeginDrag(Drag::HeaderCell);
+    dragColumn_ = column;
+    headerSelected_ = column;
+    ReDraw();
+    SortByHeader(column);
+    ReDraw();
+    Raise(HeaderClick, column);
+}
+
+// ---- scroll bars ----
+
+void UcList1::PressBar(int zone, Point at) {
+    BeginDrag(Drag::Bar);
+    dragZone_ = zone;
+    const UcListLayout& layout = Layout();
+    if (zone == kZoneVerticalThumb) {
+        grabOffset_ = at.y - layout.vertical.part[kThumb].top;
+    } else if (zone == kZoneHorizontalThumb) {
+        grabOffset_ = at.x - layout.horizontal.part[kThumb].left;
+    } else {
+        StepBar(zone, at);
+        if (repeatZone_ == 0) {
+            repeatZone_ = zone;
+            startTimer(zone, kFirstRepeat);
+        }
+    }
+    ReDraw();
+}
+
+// One step of an arrow or of the track at the side of the thumb where the pointer is.
+void UcList1::StepBar(int zone, Point at) {
+    const UcListLayout& layout = Layout();
+    const int page = std::max(1, layout.visibleRows);
+    const bool above = at.y < layout.vertical.part[kThumb].top;
+    const bool before = at.x < layout.horizontal.part[kThumb].left;
+    switch (zone) {
+        case kZoneUp:
+            SetTopIndex(topIndex_ - 1);
+            break;
+        case kZoneDown:
+            SetTopIndex(topIndex_ + 1);
+            break;
+        case kZoneVerticalTrack:
+            SetTopIndex(topIndex_ + (above ? -page : page));
+            break;
+        case kZoneLeft:
+            ScrollColumns(kArrowStep);
+            break;
+        case kZoneRight:
+            ScrollColumns(-kArrowStep);
+            break;
+        case kZoneHorizontalTrack:
+            ScrollColumns(before ? kTrackStep : -kTrackStep);
+            break;
+        default:
+            break;
+    }
+    ReDraw();
+}
+
+void UcList1::ScrollColumns(int pixels) {
+    offset_ = std::clamp(offset_ + pixels, Layout().minOffset, 0);
+    ReDraw();
+}
+
+void UcList1::onWheel(const platform::WheelEvent& event) {
+    if (event.delta != 0) SetTopIndex(topIndex_ + (event.delta < 0 ? 1 : -1));
+}
+
+// ---- move ----
+
+void UcList1::pvOnMouseMove(const MouseEvent& event) {
+    switch (drag_) {
+        case Drag::ColumnWidth:
+            DragWidth(event.at);
+            break;
+        case Drag::Bar:
+            DragThumb(event.at);
+            break;
+        case Drag::None:
+            HoverAt(event.at);
+            break;
+        case Drag::Item:
+        case Drag::HeaderCell:
+            break;
+    }
+}
+
+void UcList1::DragWidth(Point at) {
+    SetHeaderWidth(dragColumn_, std::max(at.x + grabOffset_, UcListModel::kMinColumnWidth));
+}
+
+void UcList1::DragThumb(Point at) {
+    const UcListLayout& layout = Layout();
+    if (dragZone_ == kZoneVerticalThumb) {
+        SetTopIndex(TopIndexOfThumb(layout, at.y - grabOffset_));
+    } else if (dragZone_ == kZoneHorizontalThumb) {
+        offset_ = OffsetOfThumb(layout, at.x - grabOffset_);
+        ReDraw();
+    }
+}
+
+void UcList1::ShapePointer(bool sizing) {
+    if (sizing == sizingPointer_) return;
+    sizingPointer_ = sizing;
+    setPointer(sizing ? platform::Pointer::SizeWestEast : platform::Pointer::Arrow);
+}
+
+void UcList1::HoverAt(Point at) {
+    const UcListLayout& layout = Layout();
+    ShapePointer(SizingColumn(layout, at) >= 0);
+    const UcListHit hit = HitTest(layout, at);
+    if (hit.zone != kZoneItems || hit.column != 0 || hit.row >= ListCount()) {
+        EndHover();
+        return;
+    }
+    if (hit.row == hoverRow_) return;
+    hoverRow_ = hit.row;
+    hoverColumn_ = hit.column;
+    tipRaised_ = true;
+    startTimer(kHoverTimer, kHoverWatch);
+    Raise(MouseTip, hoverRow_);
+}
+
+// Once for every tip that was asked for, however the hover row was lost meanwhile.
+void UcList1::EndHover() {
+    hoverRow_ = hoverColumn_ = -1;
+    if (!tipRaised_) return;
+    tipRaised_ = false;
+    stopTimer(kHoverTimer);
+    Raise(MouseTip, -1);
+}
+
+void UcList1::onMouseLeave() {
+    ShapePointer(false);
+    EndHover();
+}
+
+void UcList1::onDropFiles(const std::vector<std::string>& paths) {
+    OleDragDrop(paths);
+}
+
+void UcList1::OleDragDrop(const std::vector<std::string>& paths) {
+    Raise(FilesDropped, paths);
+}
+
+// ---- timers: each fires once ----
+
+void UcList1::onTimer(int id) {
+    stopTimer(id);
+    if (id == kRepaintTimer) {
+        repaintPending_ = false;
+        ReDraw();
+    } else if (id == kHoverTimer) {
+        if (hoverRow_ >= 0 && hoverRow_ < ListCount() && underPointer()) {
+            startTimer(kHoverTimer, kHoverWatch);
+        } else {
+            EndHover();
+        }
+    } else if (id == repeatZone_ && drag_ == Drag::Bar) {
+        // Rests while the pointer is elsewhere; a track has done when its thumb has come under the pointer.
+        if (HitTest(Layout(), lastPoint_).zone == id) StepBar(id, lastPoint_);
+        startTimer(id, kNextRepeat);
+    }
+}
+
+}  // namespace controls
