@@ -14,8 +14,8 @@ public:
     void SetIntervalIndex(int index);
     std::int16_t IntervalSeconds() const { return intervalSeconds_; }
 
-    // Counts one refresh tick of half a second, to be called while Enforce and Auto Set are on. True when the
-    // interval has passed since the last Reset.
+    // Counts one refresh tick of half a second, to be called while Auto Set is on; does nothing while Enforce is
+    // off. True when the interval has passed since the last Reset.
     bool TickDue();
     // The favourites have just been applied, for whatever reason.
     void Reset() { ticks_ = 0; }

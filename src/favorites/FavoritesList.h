@@ -2,9 +2,7 @@
 // Messages, paused timers and busy pointers belong to the form that calls.
 #pragma once
 
-#include <cstdint>
 #include <functional>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,12 +23,20 @@ enum class AddFavResult {
 inline constexpr char kBadExtensionText[] = "Files must have an extension of \".Exe\" or \".Scr\"";
 std::string DuplicateText(const std::string& path);
 
+// Layout of the favourites list: six columns, of which five are shown.
+inline constexpr char kFavoritesHeader[] =
+    "Favorites,0,True,0,2,False,0,134|Affinity,2,False,0,2,False,0,82|Priority,2,False,0,2,False,0,70|"
+    "Path,0,False,0,2,False,0,50|Param,0,False,0,2,False,0,50|,2,False,0,2,False,16777215,0";
+inline constexpr int kFavoritesColumnCount = 6;
+inline constexpr int kFavoritesColumnMaxSeen = 5;
+
 class FavoritesList {
 public:
     using BalloonCall =
         std::function<void(const std::string& text, const std::string& title, platform::BalloonIcon)>;
 
-    // Lays out `list`, which must exist and outlive this object, and draws its icons. `baseFolder` ends in "\".
+    // Draws the icons of `list`, which must outlive this object and is to be laid out with kFavoritesHeader.
+    // `baseFolder` ends in "\".
     FavoritesList(controls::UcList1& list, std::string baseFolder, BalloonCall balloon);
     ~FavoritesList();
     FavoritesList(const FavoritesList&) = delete;
@@ -48,14 +54,8 @@ public:
     // Writes the list to the profile's file. False on failure, and when the file was there but could not be
     // read at the last load.
     bool Save();
-    // Removes the selected rows and saves; how many went.
+    // Removes the selected rows, saves, and drops the icons nobody needs any more; how many rows went.
     int RemoveSelected();
-    // Gives the selected rows a new affinity and/or priority and saves; how many there were.
-    int ChangeSelected(const std::optional<std::string>& affinity, const std::optional<std::string>& priority);
-    // Gives a row its launch parameter and saves; nothing when there is no such row.
-    void SetParam(int row, const std::string& param);
-    // Deletes cached icons that no profile needs any more.
-    void CleanUpIcons() const { icons_.CleanUp(); }
 
     // Sorts by the column (0..4) and direction last given.
     void SortFavs();
@@ -64,7 +64,7 @@ public:
     bool SortAscending() const { return sortAscending_; }
 
     int Count() const { return list_.ListCount(); }
-    int SelectedCount() const;
+    bool AnySelected() const;
     Favorite Row(int row) const;  // empty when there is no such row
     std::vector<Favorite> Rows() const;
 

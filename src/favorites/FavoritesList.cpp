@@ -1,0 +1,154 @@
+#include "favorites/FavoritesList.h"
+
+#include <algorithm>
+
+#include "favorites/ProfileFile.h"
+#include "favorites/Profiles.h"
+#include "platform/CodePage.h"
+#include "platform/Files.h"
+#include "text/Case.h"
+#include "text/Numbers.h"
+
+namespace favorites {
+
+namespace {
+
+// Keeps the list from painting while rows change, and shows the result in one paint.
+class LockedList {
+public:
+    explicit LockedList(controls::UcList1& list) : list_(list), wasLocked_(list.Locked()) { list_.SetLocked(true); }
+    ~LockedList() { list_.SetLocked(wasLocked_); }
+    LockedList(const LockedList&) = delete;
+    LockedList& operator=(const LockedList&) = delete;
+
+private:
+    controls::UcList1& list_;
+    bool wasLocked_;
+};
+
+bool IsProgram(const std::string& path) {
+    const std::string lower = platform::lowerCase(path);
+    const std::size_t dot = lower.rfind('.');
+    if (dot == std::string::npos) return false;
+    const std::string_view extension = std::string_view(lower).substr(dot);
+    return extension == ".exe" || extension == ".scr";
+}
+
+}  // namespace
+
+std::string DuplicateText(const std::string& path) {
+    return "The file " + std::string(text::FileNameOf(path)) +
+           " at the selected path\r\nis already in your favorites list!";
+}
+
+FavoritesList::FavoritesList(controls::UcList1& list, std::string baseFolder, BalloonCall balloon)
+    : list_(list),
+      baseFolder_(std::move(baseFolder)),
+      balloon_(std::move(balloon)),
+      icons_(baseFolder_),
+      favName_(ProfileName(1)) {
+    list_.DrawIcon = [this](platform::Canvas& canvas, platform::Point at, int row) { DrawIcon(canvas, at, row); };
+}
+
+FavoritesList::~FavoritesList() {
+    list_.DrawIcon = nullptr;
+}
+
+void FavoritesList::LoadFavorites() {
+    const LockedList locked(list_);
+    list_.Clear();
+    icons_.Release();
+    const std::string path = ProfilePath(baseFolder_, favName_);
+    const LoadedProfile loaded = LoadProfile(path);
+    // The list is empty then, but the user's favourites are still in that file: nothing may take them away.
+    unreadableProfile_ = loaded.unreadable ? path : "";
+    for (const Favorite& favorite : loaded.rows) AddRow(favorite);
+    if (loaded.missing == 0) return;
+    Save();
+    balloon_(MissingText(loaded.missing, loaded.missingNames), "Kestrum 2", platform::BalloonIcon::Info);
+    icons_.CleanUp();
+}
+
+AddFavResult FavoritesList::AddFav(const std::string& path, const std::string& affinityText) {
+    if (!IsProgram(path)) return AddFavResult::BadExtension;
+    if (!platform::fileExists(path)) return AddFavResult::Missing;
+    const std::string identity = platform::lowerCase(path);
+    for (int row = 0; row < Count(); ++row) {
+        if (platform::lowerCase(list_.CellText(row, kColPath)) == identity) return AddFavResult::Duplicate;
+    }
+    icons_.Make(path);
+    const LockedList locked(list_);
+    AddRow({text::FavoriteDisplayName(text::FileNameOf(path)), affinityText, kDefaultPriority, path, ""});
+    SortFavs();
+    Save();
+    return AddFavResult::Added;
+}
+
+bool FavoritesList::Save() {
+    const std::string path = ProfilePath(baseFolder_, favName_);
+    if (path == unreadableProfile_) return false;
+    return SaveProfile(path, Rows());
+}
+
+int FavoritesList::RemoveSelected() {
+    int removed = 0;
+    {
+        const LockedList locked(list_);
+        for (int row = Count() - 1; row >= 0; --row) {
+            if (!list_.Selected(row)) continue;
+            list_.RemoveItem(row);
+            ++removed;
+        }
+    }
+    if (removed == 0) return 0;
+    // When the file could not be written, loading it would bring the rows back: the list stays as the user wants
+    // it, and the next save tries again.
+    if (Save()) {
+        icons_.CleanUp();
+        LoadFavorites();
+        SortFavs();
+    }
+    return removed;
+}
+
+void FavoritesList::SortFavs() {
+    const LockedList locked(list_);
+    list_.SortCol(sortColumn_, sortAscending_);
+}
+
+void FavoritesList::SetSort(int column, bool ascending) {
+    sortColumn_ = std::clamp(column, 0, kSavedColumns - 1);
+    sortAscending_ = ascending;
+}
+
+bool FavoritesList::AnySelected() const {
+    for (int row = 0; row < Count(); ++row) {
+        if (list_.Selected(row)) return true;
+    }
+    return false;
+}
+
+Favorite FavoritesList::Row(int row) const {
+    return {list_.CellText(row, kColName), list_.CellText(row, kColAffinity), list_.CellText(row, kColPriority),
+            list_.CellText(row, kColPath), list_.CellText(row, kColParam)};
+}
+
+std::vector<Favorite> FavoritesList::Rows() const {
+    std::vector<Favorite> rows;
+    rows.reserve(static_cast<std::size_t>(Count()));
+    for (int row = 0; row < Count(); ++row) rows.push_back(Row(row));
+    return rows;
+}
+
+void FavoritesList::AddRow(const Favorite& favorite) {
+    list_.AddItem(favorite.name + '\t' + favorite.affinity + '\t' + favorite.priority + '\t' + favorite.path +
+                  '\t' + favorite.param + '\t' + text::Decimal(icons_.Add(favorite.name)));
+}
+
+void FavoritesList::DrawIcon(platform::Canvas& canvas, platform::Point at, int row) {
+    const int index = text::ToInt32(list_.CellText(row, kColIcon));
+    const platform::PictureHandle& icon = icons_.At(index);
+    if (icon) canvas.picture(at, icon, {0, 0, IconCache::kIconSize, IconCache::kIconSize});
+}
+
+}  // namespace favorites

@@ -1,0 +1,104 @@
+#include "settings/Settings.h"
+
+#include "platform/Store.h"
+#include "text/Numbers.h"
+
+namespace settings {
+
+namespace {
+
+struct NamedColour {
+    const char* name;
+    platform::Color value;
+};
+
+// Purple and White are one step short of full intensity.
+constexpr NamedColour kColours[] = {
+    {"Black", platform::rgb(0, 0, 0)},       {"Blue", platform::rgb(0, 0, 255)},
+    {"Cyan", platform::rgb(0, 255, 255)},    {"Green", platform::rgb(0, 255, 0)},
+    {"Purple", platform::rgb(254, 0, 254)},  {"Red", platform::rgb(255, 0, 0)},
+    {"White", platform::rgb(254, 254, 254)}, {"Yellow", platform::rgb(255, 255, 0)},
+};
+constexpr int kColourCount = 8;
+static_assert(sizeof kColours / sizeof kColours[0] == kColourCount);
+
+std::string PositionKey(const std::string& name) {
+    return name + "_Pos";
+}
+
+}  // namespace
+
+std::int16_t Settings::Number(Key key) const {
+    const std::string text = Text(key);
+    const KeyInfo& info = InfoOf(key);
+    if (info.type != KeyType::Int) return text::LeadingNumber(text);
+    // One damaged value must not keep the program from starting.
+    return text::WholeNumber(text).value_or(text::LeadingNumber(info.fallback));
+}
+
+bool Settings::Bool(Key key) const {
+    return text::ToBool(Text(key)).value_or(text::ToBool(InfoOf(key).fallback).value_or(false));
+}
+
+std::string Settings::Text(Key key) const {
+    const KeyInfo& info = InfoOf(key);
+    if (auto value = platform::storeRead(kSection, info.name)) return *std::move(value);
+    if (info.fallbackKey == Key::Count) return info.fallback;
+    // A damaged number is handed on as the number it reads as.
+    if (InfoOf(info.fallbackKey).type == KeyType::Number) return text::Decimal(Number(info.fallbackKey));
+    return Text(info.fallbackKey);
+}
+
+bool Settings::WriteNumber(Key key, int value) {
+    return WriteText(key, text::Decimal(value));
+}
+
+bool Settings::WriteBool(Key key, bool value) {
+    return WriteText(key, value ? "True" : "False");
+}
+
+bool Settings::WriteText(Key key, const std::string& value) {
+    return platform::storeWrite(kSection, InfoOf(key).name, value);
+}
+
+std::optional<std::int16_t> Settings::GraphTop(int slot) const {
+    return GraphValue("GraphTop", slot);
+}
+
+std::optional<std::int16_t> Settings::GraphLeft(int slot) const {
+    return GraphValue("GraphLeft", slot);
+}
+
+bool Settings::WriteGraphPlace(int slot, int top, int left) {
+    const std::string number = text::Decimal(slot);
+    const bool topWritten = platform::storeWrite(kSection, "GraphTop" + number, text::Decimal(top));
+    return platform::storeWrite(kSection, "GraphLeft" + number, text::Decimal(left)) && topWritten;
+}
+
+std::string Settings::Position(const std::string& name) const {
+    return platform::storeRead(kSection, PositionKey(name)).value_or("");
+}
+
+bool Settings::WritePosition(const std::string& name, const std::string& position) {
+    return platform::storeWrite(kSection, PositionKey(name), position);
+}
+
+bool Settings::DeleteSection() {
+    return platform::storeDelete(kSection);
+}
+
+std::optional<std::int16_t> Settings::GraphValue(const char* key, int slot) const {
+    const auto text = platform::storeRead(kSection, key + text::Decimal(slot));
+    if (!text) return std::nullopt;
+    return text::LeadingNumber(*text);
+}
+
+platform::Color ColourFromIndex(int index) {
+    return index >= 0 && index < kColourCount ? kColours[index].value : 0;
+}
+
+const char* ColourName(int index) {
+    return index >= 0 && index < kColourCount ? kColours[index].name : nullptr;
+}
+
+}  // namespace settings
