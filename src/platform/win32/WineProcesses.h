@@ -1,0 +1,23 @@
+// Processor times of other processes under Wine, whose GetProcessTimes gives the caller's own times for every
+// process. The system's process table has the true ones, for all processes in one call.
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "platform/Process.h"
+#include "platform/win32/Win32.h"
+
+namespace platform::wine {
+
+// True when this "Windows" is Wine. wine_get_version in ntdll.
+bool present();
+
+// The ids of all processes in the system's order, and a fresh table with them: EnumProcesses reads the very same
+// table, so this costs no more. False when the system refuses. NtQuerySystemInformation.
+bool enumerateProcesses(std::vector<ProcessId>& ids);
+
+// Times of a process from the table, read anew unless it is quite fresh (an enumeration was just made).
+std::optional<ProcessTimes> processTimes(ProcessId id);
+
+}  // namespace platform::wine
