@@ -1,0 +1,114 @@
+#include "app/FavoriteCommands.h"
+
+#include "app/MainToolBars.h"
+#include "favorites/ApplyFavorites.h"
+#include "platform/Shell.h"
+#include "text/Case.h"
+#include "text/Numbers.h"
+
+namespace app {
+
+using settings::Key;
+
+namespace {
+constexpr const char* kInfoTitle = "Kestrum - Info";
+constexpr const char* kBalloonTitle = "Kestrum 2";
+}  // namespace
+
+bool FavoriteCommands::SetFavs() {
+    favorites::ApplyResult result;
+    {
+        const PausedSlot pause(parts_.slots, Slot::Process, kRefreshMilliseconds);
+        const platform::BusyPointer pointer;
+        parts_.toolBar.EnableButton(button::kSetFavoritesNow, false);
+        result = favorites::ApplyFavorites(parts_.favorites.Rows(), parts_.refresh.Snapshot(), parts_.access);
+        if (result.changed && parts_.window.state() != platform::WindowState::Minimized) {
+            parts_.refresh.FullRebuild();
+        }
+        // While Auto Set is on, setting them by hand has nothing to add.
+        parts_.toolBar.EnableButton(button::kSetFavoritesNow, !AutoSetPressed());
+        parts_.enforce.Reset();
+    }
+    if (result.Failed()) {
+        parts_.trayIcon.TrayBalloon(favorites::ApplySummary(result), kBalloonTitle, platform::BalloonIcon::Warning);
+    }
+    return result.changed;
+}
+
+bool FavoriteCommands::AutoSetPressed() const {
+    return parts_.toolBar.IsChecked(button::kAutoSet);
+}
+
+void FavoriteCommands::AutoSetToggled() {
+    const bool on = AutoSetPressed();
+    parts_.toolBar.EnableButton(button::kSetFavoritesNow, !on);
+    parts_.toolBar.EnableButton(button::kEnforce, on);
+    parts_.toolBar.SetChecked(button::kEnforce, on && parts_.enforce.On());
+    if (on) SetFavs();
+}
+
+void FavoriteCommands::EnforceToggled() {
+    const bool on = parts_.toolBar.IsChecked(button::kEnforce);
+    parts_.enforce.SetOn(on);
+    parts_.settings.WriteNumber(Key::ReEnforce, on ? 1 : 0);
+}
+
+void FavoriteCommands::StartAutoSet() {
+    parts_.enforce.SetOn(parts_.settings.Number(Key::ReEnforce) == 1);
+    parts_.enforce.SetIntervalIndex(parts_.settings.Number(Key::EnforceInterval));
+    if (parts_.settings.Number(Key::AutoSet) == 1) parts_.toolBar.SetChecked(button::kAutoSet, true);
+    AutoSetToggled();
+}
+
+void FavoriteCommands::BrowseForFavorite() {
+    // Ticks go on while the dialog is open; only what it leads to holds them.
+    const auto path =
+        platform::chooseFile(parts_.window, "Add Files to Favorites", {{"*.Exe, *.Scr", "*.exe;*.scr"}});
+    if (path) AddFav(*path);
+}
+
+void FavoriteCommands::AddDropped(const std::vector<std::string>& paths) {
+    for (const std::string& path : paths) AddFav(path);
+}
+
+void FavoriteCommands::AddFav(const std::string& path) {
+    favorites::AddFavResult result;
+    {
+        const PausedSlot pause(parts_.slots, Slot::Process, kRefreshMilliseconds);
+        const platform::BusyPointer pointer;
+        result = parts_.favorites.AddFav(path, parts_.affinityBoxes.Text());
+        parts_.refresh.UpdateStatusLine();
+    }
+    if (result == favorites::AddFavResult::BadExtension) {
+        Tell(favorites::kBadExtensionText);
+    } else if (result == favorites::AddFavResult::Duplicate) {
+        Tell(favorites::DuplicateText(path));
+    }
+}
+
+void FavoriteCommands::RemoveFavorites() {
+    if (!parts_.favorites.AnySelected()) {
+        Tell("Please select one or more favorites to remove!");
+        return;
+    }
+    if (!Ask("Remove selected items from favorites?")) return;
+    const PausedSlot pause(parts_.slots, Slot::Process, kRefreshMilliseconds);
+    parts_.favorites.RemoveSelected();
+    parts_.favorites.LoadFavorites();
+    parts_.favorites.SortFavs();
+    parts_.refresh.UpdateStatusLine();
+}
+
+void FavoriteCommands::Tell(const std::string& text) {
+    const BusyGuard guard(parts_.busy);
+    parts_.msgBoxes.Show(text, controls::MsgStyle::Information, kInfoTitle, parts_.window,
+                         parts_.settings.Number(Key::MsgBeep) == 1);
+}
+
+bool FavoriteCommands::Ask(const std::string& question) {
+    const BusyGuard guard(parts_.busy);
+    return parts_.msgBoxes.Show(question, controls::MsgStyle::Question, kInfoTitle, parts_.window,
+                                parts_.settings.Number(Key::MsgBeep) == 1) == controls::kMsgYes;
+}
+
+}  // namespace app

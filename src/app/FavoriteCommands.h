@@ -1,0 +1,65 @@
+// What the user and the timers do with favourites: apply them, add and remove them, Auto Set, Enforce.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "app/AffinityBoxes.h"
+#include "app/RefreshCycle.h"
+#include "app/TimerSlots.h"
+#include "controls/FrmMsgBox.h"
+#include "controls/ToolBar.h"
+#include "favorites/EnforceState.h"
+#include "favorites/FavoritesList.h"
+#include "process/ProcessAccess.h"
+#include "settings/Settings.h"
+#include "tray/TrayIcon.h"
+
+namespace app {
+
+class FavoriteCommands {
+public:
+    // The parts of the main window that the commands work on; all outlive the commands.
+    struct Parts {
+        platform::Window& window;
+        controls::ToolBar& toolBar;
+        controls::MsgBoxes& msgBoxes;
+        AffinityBoxes& affinityBoxes;
+        RefreshCycle& refresh;
+        TimerSlots& slots;
+        BusyFlag& busy;
+        favorites::FavoritesList& favorites;
+        favorites::EnforceState& enforce;
+        process::ProcessAccess& access;
+        settings::Settings& settings;
+        tray::TrayIcon& trayIcon;
+    };
+    explicit FavoriteCommands(const Parts& parts) : parts_(parts) {}
+
+    // Gives every running instance of every favourite its affinity and priority. True when something was
+    // changed, or a change was tried; the process list has then been rebuilt unless the window is minimised.
+    bool SetFavs();
+
+    // The check buttons of ToolBar1, after they took their new state.
+    void AutoSetToggled();
+    void EnforceToggled();
+    // Reads Enforce and Auto Set from the settings and, when Auto Set is to be on, switches it on.
+    void StartAutoSet();
+    bool AutoSetPressed() const;
+
+    void BrowseForFavorite();
+    // Programs dropped on the favourites list.
+    void AddDropped(const std::vector<std::string>& paths);
+    void RemoveFavorites();
+
+    // A note with an OK button; the refresh waits for it.
+    void Tell(const std::string& text);
+
+private:
+    void AddFav(const std::string& path);
+    bool Ask(const std::string& question);
+
+    Parts parts_;
+};
+
+}  // namespace app

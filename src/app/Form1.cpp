@@ -1,0 +1,160 @@
+#include "app/Form1.h"
+
+#include "controls/Resources.h"
+#include "favorites/Profiles.h"
+#include "platform/Files.h"
+#include "platform/Shell.h"
+#include "text/Numbers.h"
+
+namespace app {
+
+using platform::Rect;
+using platform::WindowState;
+
+namespace {
+constexpr int kAffinityColumn = 1;
+}
+
+Form1::Form1()
+    : access_(errors_),
+      baseFolder_(favorites::BaseFolder()),
+      trayIcon_(*this),
+      refresh_(*this, processList_, slots_, busy_, access_, enforce_, controls::kDefaultIcon),
+      favorites_(favoritesControl_, baseFolder_,
+                 [this](const std::string& text, const std::string& title, platform::BalloonIcon icon) {
+                     trayIcon_.TrayBalloon(text, title, icon);
+                 }),
+      commands_({*this, toolBar1_, msgBoxes_, affinityBoxes_, refresh_, slots_, busy_, favorites_, enforce_,
+                 access_, settings_, trayIcon_}) {}
+
+Form1::~Form1() = default;
+
+void Form1::onPaint(platform::Canvas& canvas, const Rect& dirty) {
+    canvas.fill(dirty, platform::systemColor(platform::SysColor::ButtonFace));
+}
+
+void Form1::onSize(platform::Size, WindowState state) {
+    if (!started_ || state == WindowState::Minimized) return;
+    const bool maximized = state == WindowState::Maximized;
+    if (maximized != maximized_) {
+        CaptureColumns(maximized_);
+        maximized_ = maximized;
+        ApplyColumns(maximized_);
+    }
+    LayOut();
+}
+
+platform::Size Form1::minimumSize() const {
+    return SmallestMainWindow(parts_);
+}
+
+void Form1::LayOut() {
+    const bool wasRunning = slots_.Running(Slot::Process);
+    slots_.Stop(Slot::Process);
+    const MainLayout layout = LayOutMain(clientSize(), layouts_.For(maximized_).splitter, parts_);
+    toolBar1_.setBounds(layout.toolBar1);
+    toolBar2_.setBounds(layout.toolBar2);
+    affinityBoxes_.Place(layout.affinity);
+    processList_.setBounds(layout.processList);
+    splitter_.setBounds(layout.splitter);
+    favoritesControl_.setBounds(layout.favoritesList);
+    status_.setBounds(layout.status);
+    UpdateStatusLine();
+    if (wasRunning) slots_.Start(Slot::Process, kRefreshMilliseconds);
+}
+
+void Form1::MoveSplitter(int left) {
+    const int wanted = EffectiveSplitter(clientSize().width, left);
+    int& splitter = layouts_.For(maximized_).splitter;
+    if (wanted == splitter) return;
+    splitter = wanted;
+    LayOut();
+    update();
+}
+
+void Form1::ApplyColumns(bool maximized) {
+    const ListLayout& layout = layouts_.For(maximized);
+    processList_.SetColumnWidths(layout.fileWidths);
+    favoritesControl_.SetColumnWidths(layout.favoriteWidths);
+}
+
+void Form1::CaptureColumns(bool maximized) {
+    ListLayout& layout = layouts_.For(maximized);
+    layout.fileWidths = processList_.ColumnWidthsText();
+    layout.favoriteWidths = favoritesControl_.ColumnWidthsText();
+}
+
+void Form1::SelectionReplaced() {
+    if (processList_.ListCount() > 0) affinityBoxes_.Show(processList_.CellText(0, kAffinityColumn));
+}
+
+void Form1::UpdateStatusLine() {
+    // Two entries of every snapshot are the system's own and never listed.
+    const int listed = refresh_.Snapshot().Count() - 2;
+    status_.Print(
+        "Processes: " + text::Decimal(processList_.ListCount()) + " of " + text::Decimal(listed > 0 ? listed : 0),
+        "  |    Favorites: " + text::Decimal(favoritesControl_.ListCount()), favoritesControl_.bounds().left);
+}
+
+void Form1::ToolBar1Clicked(int index) {
+    switch (index) {
+        case button::kBrowseForFavorite:
+            commands_.BrowseForFavorite();
+            break;
+        case button::kRemoveFavorites:
+            commands_.RemoveFavorites();
+            break;
+        case button::kSetFavoritesNow:
+            commands_.SetFavs();
+            break;
+        case button::kAutoSet:
+            commands_.AutoSetToggled();
+            break;
+        case button::kEnforce:
+            commands_.EnforceToggled();
+            break;
+        case button::kViewHelp:
+            ViewHelp();
+            break;
+        case button::kAlwaysOnTop:
+            setTopmost(toolBar1_.IsChecked(button::kAlwaysOnTop));
+            break;
+        default:
+            break;
+    }
+}
+
+void Form1::FavoritesKey(std::uint16_t code) {
+    if (code == platform::key::kDelete && favorites_.AnySelected()) commands_.RemoveFavorites();
+}
+
+void Form1::ViewHelp() {
+    const std::string path = baseFolder_ + "Help.htm";
+    if (platform::fileExists(path) && platform::openDocument(*this, path)) return;
+    commands_.Tell("Help file (Help.htm) is missing.");
+}
+
+void Form1::onTaskbarCreated() {
+    trayIcon_.Add_Tray();
+}
+
+// The close box ends the program: without a menu on the tray icon, a window hidden there could not come back.
+void Form1::onClose() {
+    SaveSettings();
+    destroy();
+}
+
+void Form1::onEndSession() {
+    SaveSettings();
+}
+
+void Form1::onDestroyed() {
+    for (const Slot slot : {Slot::Process, Slot::Tray, Slot::Memory, Slot::FavoritesPanel, Slot::TotalGraph}) {
+        slots_.Stop(slot);
+    }
+    started_ = false;
+    trayIcon_.Remove();
+    platform::postQuit(0);
+}
+
+}  // namespace app

@@ -1,0 +1,29 @@
+// Column widths and splitter position, remembered apart for the normal and the maximised window.
+#pragma once
+
+#include <string>
+
+#include "settings/Settings.h"
+
+namespace app {
+
+struct ListLayout {
+    std::string fileWidths;  // "134,82,": decimal widths each followed by a comma; empty for the built-in ones
+    std::string favoriteWidths;
+    int splitter = 0;  // right edge of the process list, client pixels
+};
+
+class LayoutMemory {
+public:
+    // Reads both sets; the maximised one defaults to the normal one.
+    void Load(const settings::Settings& settings);
+    void Save(settings::Settings& settings) const;
+
+    ListLayout& For(bool maximized) { return maximized ? maximized_ : normal_; }
+
+private:
+    ListLayout normal_;
+    ListLayout maximized_;
+};
+
+}  // namespace app

@@ -1,0 +1,65 @@
+#include "app/MainLayout.h"
+
+#include <algorithm>
+
+namespace app {
+
+using platform::Rect;
+
+namespace {
+
+constexpr int kStatusHeight = 22;
+constexpr int kStripPadding = 2;
+constexpr int kGap = 8;
+constexpr int kLeastListHeight = 110;
+// Room for the widest frame and caption in use; a few pixels too many do no harm.
+constexpr int kFrameWidth = 16;
+constexpr int kFrameHeight = 40;
+
+int StripHeight(const MainParts& parts) {
+    return parts.toolBar2Height + 2 * kStripPadding;
+}
+
+}  // namespace
+
+platform::Size SmallestMainWindow(const MainParts& parts) {
+    const int strip = kMargin + parts.toolBar2Width + kGap + parts.affinityWidth + kMargin;
+    const int lists = 2 * kLeastListWidth + kSplitterWidth + 2 * kMargin;
+    return {std::max(strip, lists) + kFrameWidth,
+            parts.toolBar1Height + StripHeight(parts) + kLeastListHeight + kStatusHeight + kFrameHeight};
+}
+
+int EffectiveSplitter(int clientWidth, int wanted) {
+    const int most = clientWidth - kMargin - kLeastListWidth - kSplitterWidth;
+    return std::max(kMargin + kLeastListWidth, std::min(wanted, most));
+}
+
+MainLayout LayOutMain(platform::Size client, int splitter, const MainParts& parts) {
+    MainLayout out;
+    out.toolBar1 = {0, 0, client.width, parts.toolBar1Height};
+
+    const int stripTop = parts.toolBar1Height + kStripPadding;
+    const int stripBottom = stripTop + parts.toolBar2Height;
+    out.toolBar2 = {kMargin, stripTop, kMargin + parts.toolBar2Width, stripBottom};
+    out.affinity = {out.toolBar2.right + kGap, stripTop, out.toolBar2.right + kGap + parts.affinityWidth,
+                    stripBottom};
+
+    const int listTop = stripBottom + kStripPadding;
+    const int listBottom = std::max(listTop, client.height - kStatusHeight);
+    const int right = EffectiveSplitter(client.width, splitter);
+    out.processList = {kMargin, listTop, right, listBottom};
+    out.splitter = {right, listTop, right + kSplitterWidth, listBottom};
+    out.favoritesList = {out.splitter.right, listTop, std::max(out.splitter.right, client.width - kMargin),
+                         listBottom};
+
+    const int gaugeTop = listBottom + 3;
+    const int gaugeBottom = listBottom + kStatusHeight - 3;
+    const int cpuLeft = client.width - kMargin - parts.gaugeWidth;
+    const int memoryLeft = cpuLeft - (parts.gaugeWidth > 0 ? kGap : 0) - parts.gaugeWidth;
+    out.cpuGauge = {cpuLeft, gaugeTop, cpuLeft + parts.gaugeWidth, gaugeBottom};
+    out.memoryGauge = {memoryLeft, gaugeTop, memoryLeft + parts.gaugeWidth, gaugeBottom};
+    out.status = {0, listBottom, memoryLeft, listBottom + kStatusHeight};
+    return out;
+}
+
+}  // namespace app

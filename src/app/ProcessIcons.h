@@ -1,0 +1,33 @@
+// The icons shown in the process list, kept by file name so that each program is asked for its icon once.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+
+#include "platform/Picture.h"
+
+namespace app {
+
+class ProcessIcons {
+public:
+    explicit ProcessIcons(int defaultIconResource);
+
+    // The 16-pixel icon of the program, or the default program icon when it has none; never 0. Stays valid
+    // until DropUnused finds it unused. Stands on platform::extractIcon.
+    std::uintptr_t IconOf(const std::string& imagePath);
+    // Ends a pass over all processes: once many names have gathered, icons that no call since the previous
+    // DropUnused asked for are released, so that weeks of short-lived programs do not use the handles up.
+    void DropUnused();
+
+private:
+    struct Entry {
+        platform::IconHandle icon;
+        bool used = true;
+    };
+    std::map<std::string, Entry, std::less<>> icons_;
+    platform::IconHandle default_;
+};
+
+}  // namespace app

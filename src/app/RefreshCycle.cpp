@@ -1,0 +1,186 @@
+#include "app/RefreshCycle.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "process/Affinity.h"
+#include "process/PriorityClass.h"
+#include "text/Case.h"
+#include "text/Numbers.h"
+
+namespace app {
+
+namespace {
+
+constexpr int kPidColumn = 3;
+constexpr int kIconColumn = 6;
+
+// The list stays as it is on the screen while it is refilled: locked, and scrolled back to where it stood.
+class FrozenList {
+public:
+    explicit FrozenList(controls::UcList1& list)
+        : list_(list), topIndex_(list.TopIndex()), scroll_(list.GetVertBarPos()) {
+        list_.SetLocked(true);
+    }
+    ~FrozenList() {
+        list_.SetTopIndex(topIndex_);
+        list_.SetVertBarPos(scroll_);
+        list_.SetLocked(false);
+    }
+    FrozenList(const FrozenList&) = delete;
+    FrozenList& operator=(const FrozenList&) = delete;
+
+private:
+    controls::UcList1& list_;
+    int topIndex_;
+    int scroll_;
+};
+
+template <class Number>
+Number ParseNumber(const std::string& text) {
+    Number value = 0;
+    std::from_chars(text.data(), text.data() + text.size(), value);
+    return value;
+}
+
+}  // namespace
+
+RefreshCycle::RefreshCycle(RefreshHost& host, controls::UcList1& list, TimerSlots& slots, BusyFlag& busy,
+                           process::ProcessAccess& access, favorites::EnforceState& enforce,
+                           int defaultIconResource)
+    : host_(host),
+      list_(list),
+      slots_(slots),
+      busy_(busy),
+      access_(access),
+      enforce_(enforce),
+      icons_(defaultIconResource) {}
+
+void RefreshCycle::ProcTimer() {
+    if (busy_.Raised()) return;
+    snapshot_.Take();
+    if (host_.Minimized() && !host_.AutoSetPressed()) return;
+
+    watch_.Observe(snapshot_);
+    if (!watch_.Settling()) {
+        if (!host_.Minimized()) FastUpdate();
+    } else {
+        const bool rebuilt = host_.AutoSetPressed() && host_.SetFavs();
+        if (!rebuilt && !host_.Minimized()) FullRebuild();
+        watch_.TickDone();
+    }
+    if (host_.AutoSetPressed() && enforce_.TickDue()) host_.SetFavs();
+}
+
+void RefreshCycle::FullRebuild() {
+    {
+        const PausedSlot pause(slots_, Slot::Process, kRefreshMilliseconds);
+        const FrozenList frozen(list_);
+        SaveSelection();
+        list_.Clear();
+        AppendProcesses();
+        const bool kept = RestoreSelection();
+        Sort();
+        if (!kept) {
+            list_.SelectItem(0, true);
+            host_.SelectionReplaced();
+        }
+    }
+    icons_.DropUnused();
+    host_.UpdateStatusLine();
+}
+
+void RefreshCycle::FastUpdate() {
+    const PausedSlot pause(slots_, Slot::Process, kRefreshMilliseconds);
+    const FrozenList frozen(list_);
+    SaveSelection();
+    list_.Clear();
+    for (int row = 0; row < rows_.Count(); ++row) AddRow(row);
+    Sort();
+    if (!RestoreSelection()) {
+        list_.SelectItem(0, true);
+        host_.SelectionReplaced();
+    }
+}
+
+void RefreshCycle::AppendProcesses() {
+    rows_.Clear();
+    for (int slot = process::kFirstListedSlot; slot <= snapshot_.Count(); ++slot) {
+        if (rows_.Full()) break;
+        const platform::ProcessId id = snapshot_.Id(slot);
+        if (id < 1) continue;
+        const std::string path = access_.ImagePath(id);
+        if (path.empty()) continue;
+        const int row = rows_.Count();
+        rows_.Add({RowText(path, id), id, icons_.IconOf(path)});
+        AddRow(row);
+    }
+}
+
+std::string RefreshCycle::RowText(const std::string& path, platform::ProcessId id) const {
+    std::string text = text::ProcessDisplayName(text::FileNameOf(path));
+    text += '\t';
+    text += process::AffinityText(access_.GetAffinity(id), access_.HighestCpu());
+    text += '\t';
+    text += process::PriorityName(access_.GetPriorityClass(id));
+    text += '\t';
+    text += text::Decimal(id);
+    return text;
+}
+
+// Measures the process of a row and appends the row to the list.
+void RefreshCycle::AddRow(int row) {
+    const process::ProcRec& rec = rows_.At(row);
+    process::clsProcessCpuUsage& meter = Meter(row);
+    meter.SetPID(rec.pid);
+    rowText_ = rec.rowText;
+    rowText_ += '\t';
+    rowText_ += text::TwoDigits(meter.GetCpuUsage());
+    rowText_ += '\t';
+    if (const auto kilobytes = access_.WorkingSetKb(rec.pid)) rowText_ += text::Grouped(*kilobytes);
+    rowText_ += '\t';
+    rowText_ += text::Decimal(static_cast<std::int64_t>(rec.icon));
+    list_.AddItem(rowText_);
+}
+
+process::clsProcessCpuUsage& RefreshCycle::Meter(int row) {
+    auto& meter = meters_[static_cast<std::size_t>(row)];
+    if (!meter) meter = std::make_unique<process::clsProcessCpuUsage>(access_.HighestCpu());
+    return *meter;
+}
+
+void RefreshCycle::SaveSelection() {
+    selected_.clear();
+    for (int row = 0; row < list_.ListCount(); ++row) {
+        if (list_.Selected(row))
+            selected_.push_back(ParseNumber<platform::ProcessId>(list_.CellText(row, kPidColumn)));
+    }
+    std::sort(selected_.begin(), selected_.end());
+}
+
+bool RefreshCycle::RestoreSelection() {
+    if (selected_.empty()) return false;
+    bool any = false;
+    for (int row = 0; row < list_.ListCount(); ++row) {
+        const auto id = ParseNumber<platform::ProcessId>(list_.CellText(row, kPidColumn));
+        if (!std::binary_search(selected_.begin(), selected_.end(), id)) continue;
+        list_.SelectItem(row, true);
+        any = true;
+    }
+    return any;
+}
+
+void RefreshCycle::SetSort(int column, bool ascending) {
+    sortColumn_ = column;
+    sortAscending_ = ascending;
+}
+
+void RefreshCycle::Sort() {
+    if (list_.ListCount() >= 2) list_.SortCol(sortColumn_, sortAscending_);
+}
+
+std::uintptr_t RefreshCycle::IconOfRow(int displayRow) const {
+    return ParseNumber<std::uintptr_t>(list_.CellText(displayRow, kIconColumn));
+}
+
+}  // namespace app

@@ -1,0 +1,108 @@
+// The program's main loop: keeps the process list current and drives Auto Set and Enforce.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "app/ProcessIcons.h"
+#include "app/TimerSlots.h"
+#include "controls/UcList1.h"
+#include "favorites/EnforceState.h"
+#include "favorites/ProcessSetWatch.h"
+#include "process/ProcRec.h"
+#include "process/ProcessAccess.h"
+#include "process/ProcessSnapshot.h"
+#include "process/clsProcessCpuUsage.h"
+
+namespace app {
+
+// The program's way of saying "not now": a tick of the cycle does nothing while it is raised.
+class BusyFlag {
+public:
+    bool Raised() const { return depth_ > 0; }
+
+private:
+    friend class BusyGuard;
+    int depth_ = 0;
+};
+
+// Raises the busy flag while it lives; guards may be nested.
+class BusyGuard {
+public:
+    explicit BusyGuard(BusyFlag& flag) : flag_(flag) { ++flag_.depth_; }
+    ~BusyGuard() { --flag_.depth_; }
+    BusyGuard(const BusyGuard&) = delete;
+    BusyGuard& operator=(const BusyGuard&) = delete;
+
+private:
+    BusyFlag& flag_;
+};
+
+// What the cycle asks of the window around it.
+class RefreshHost {
+public:
+    virtual bool Minimized() const = 0;
+    virtual bool AutoSetPressed() const = 0;
+    // Applies the favourites; true when something was changed (the list has then been rebuilt).
+    virtual bool SetFavs() = 0;
+    // None of the previously selected processes is there any more and row 0 was selected instead.
+    virtual void SelectionReplaced() = 0;
+    virtual void UpdateStatusLine() = 0;
+
+protected:
+    ~RefreshHost() = default;
+};
+
+// Rebuilds or updates the rows of the process list, one tick every half second. Rows name processes by id;
+// the list's last column (hidden) holds the row's icon handle in decimal.
+class RefreshCycle {
+public:
+    RefreshCycle(RefreshHost& host, controls::UcList1& list, TimerSlots& slots, BusyFlag& busy,
+                 process::ProcessAccess& access, favorites::EnforceState& enforce, int defaultIconResource);
+
+    // One tick.
+    void ProcTimer();
+    // Reads every process anew and fills the list. The timer of the cycle restarts at its end.
+    void FullRebuild();
+    // The next tick sees a changed process set and rebuilds the list three times.
+    void ForceRebuild() { watch_.ForceChange(); }
+    void UpdateStatusLine() { host_.UpdateStatusLine(); }
+
+    const process::ProcessSnapshot& Snapshot() const { return snapshot_; }
+    // Column and direction the list is sorted by, as the user last chose by a header click.
+    void SetSort(int column, bool ascending);
+    // The icon handle of a displayed row, for the list to draw.
+    std::uintptr_t IconOfRow(int displayRow) const;
+
+private:
+    void FastUpdate();
+    void AddRow(int row);
+    void AppendProcesses();
+    std::string RowText(const std::string& path, platform::ProcessId id) const;
+    void SaveSelection();
+    bool RestoreSelection();
+    void Sort();
+    process::clsProcessCpuUsage& Meter(int row);
+
+    RefreshHost& host_;
+    controls::UcList1& list_;
+    TimerSlots& slots_;
+    BusyFlag& busy_;
+    process::ProcessAccess& access_;
+    favorites::EnforceState& enforce_;
+    ProcessIcons icons_;
+
+    process::ProcessSnapshot snapshot_;
+    favorites::ProcessSetWatch watch_;
+    process::ProcRecs rows_;
+    std::array<std::unique_ptr<process::clsProcessCpuUsage>, process::kMostRows> meters_;
+    std::vector<platform::ProcessId> selected_;
+    std::string rowText_;
+    int sortColumn_ = 0;
+    bool sortAscending_ = true;
+};
+
+}  // namespace app

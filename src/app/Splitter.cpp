@@ -1,0 +1,46 @@
+#include "app/Splitter.h"
+
+namespace app {
+
+using platform::MouseAction;
+using platform::MouseButton;
+using platform::Rect;
+
+bool Splitter::Create(platform::Window& parent, const std::string& instanceName, const Rect& bounds) {
+    platform::WindowSpec spec;
+    spec.className = "Splitter";
+    spec.title = instanceName;
+    spec.parent = &parent;
+    spec.bounds = bounds;
+    if (!create(spec)) return false;
+    setPointer(platform::Pointer::SizeWestEast);
+    return true;
+}
+
+void Splitter::onPaint(platform::Canvas& canvas, const Rect& dirty) {
+    canvas.fill(dirty, platform::systemColor(platform::SysColor::ButtonFace));
+    // Three dots in the middle say that the bar can be dragged.
+    const Rect area = Rect::fromSize({0, 0}, clientSize());
+    const int x = area.width() / 2 - 1;
+    for (int y = area.height() / 2 - 7; y <= area.height() / 2 + 5; y += 6) {
+        canvas.fill({x, y, x + 2, y + 2}, platform::systemColor(platform::SysColor::ButtonShadow));
+    }
+}
+
+void Splitter::onMouse(const platform::MouseEvent& event) {
+    if (event.button == MouseButton::Left && event.action == MouseAction::Up) {
+        if (dragging_) releaseCapture();
+        return;
+    }
+    if (event.button == MouseButton::Left) {
+        dragging_ = true;
+        grabX_ = event.at.x;
+        capture();
+        return;
+    }
+    if (event.action == MouseAction::Move && dragging_ && Moved) {
+        Moved(bounds().left + event.at.x - grabX_);
+    }
+}
+
+}  // namespace app
