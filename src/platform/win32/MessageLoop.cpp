@@ -1,0 +1,82 @@
+// The message loop, modal dialogs, and where the wheel goes.
+#include "platform/Window.h"
+#include "platform/win32/Win32.h"
+#include "platform/win32/WindowData.h"
+
+namespace platform {
+
+namespace {
+
+// The wheel belongs to what the user points at. Older Windows sends it to the window with the focus.
+void routeWheel(MSG& message) {
+    if (message.message != WM_MOUSEWHEEL || GetCapture() != nullptr) return;
+    const POINT at{static_cast<short>(LOWORD(message.lParam)), static_cast<short>(HIWORD(message.lParam))};
+    const HWND under = WindowFromPoint(at);
+    const bool ours = under != nullptr && GetWindowThreadProcessId(under, nullptr) == GetCurrentThreadId();
+    // Not into a window that waits for its modal dialog.
+    if (ours && IsWindowEnabled(GetAncestor(under, GA_ROOT))) message.hwnd = under;
+}
+
+void dispatch(MSG& message) {
+    routeWheel(message);
+    TranslateMessage(&message);
+    DispatchMessageA(&message);
+}
+
+void beginModal(HWND dialog, HWND owner) {
+    if (const HWND capturing = GetCapture()) SendMessageA(capturing, WM_CANCELMODE, 0, 0);
+    WindowData* data = dataOf(dialog);
+    if (data == nullptr || owner == nullptr || !IsWindowEnabled(owner)) return;
+    EnableWindow(owner, FALSE);
+    data->modalOwner = owner;
+}
+
+}  // namespace
+
+void endModal(WindowData& data) {
+    const HWND owner = data.modalOwner;
+    data.modalOwner = nullptr;
+    if (owner != nullptr) EnableWindow(owner, TRUE);
+}
+
+int runMessageLoop() {
+    MSG message{};
+    while (GetMessageA(&message, nullptr, 0, 0) > 0) dispatch(message);
+    return static_cast<int>(message.wParam);
+}
+
+void postQuit(int code) {
+    PostQuitMessage(code);
+}
+
+void pumpMessages() {
+    MSG message{};
+    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+        if (message.message == WM_QUIT) {
+            PostQuitMessage(static_cast<int>(message.wParam));  // for the loop that waits for it
+            return;
+        }
+        dispatch(message);
+    }
+}
+
+void runModal(Window& dialog, Window& owner) {
+    const HWND hwnd = hwndOf(dialog);
+    if (!IsWindow(hwnd)) return;
+    beginModal(hwnd, hwndOf(owner));
+    dialog.show(ShowCommand::Show);
+    // Asked by handle: a dialog's object may be gone when its window is.
+    MSG message{};
+    while (IsWindow(hwnd) && IsWindowVisible(hwnd)) {
+        const BOOL got = GetMessageA(&message, nullptr, 0, 0);
+        if (got <= 0) {
+            if (got == 0) PostQuitMessage(static_cast<int>(message.wParam));
+            break;
+        }
+        dispatch(message);
+    }
+    if (!IsWindow(hwnd)) return;
+    if (WindowData* data = dataOf(hwnd)) endModal(*data);
+}
+
+}  // namespace platform

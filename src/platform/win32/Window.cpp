@@ -1,0 +1,286 @@
+// Window: creation, destruction and the operations on one window.
+#include "platform/Window.h"
+
+#include "platform/win32/Win32.h"
+
+#include <shellapi.h>
+
+#include "platform/win32/WindowData.h"
+
+namespace platform {
+
+namespace {
+
+constexpr char kDialogClass[] = "#32770";
+
+// Registers the class once. A name that Windows itself uses is fine: ours hides it within this program.
+bool registerClass(const std::string& name) {
+    WNDCLASSEXA wc{};
+    wc.cbSize = sizeof wc;
+    wc.style = CS_DBLCLKS;
+    wc.lpfnWndProc = windowProcedure;
+    wc.hInstance = GetModuleHandleA(nullptr);
+    wc.lpszClassName = name.c_str();
+    return RegisterClassExA(&wc) != 0 || GetLastError() == ERROR_CLASS_ALREADY_EXISTS;
+}
+
+DWORD styleOf(const WindowSpec& spec) {
+    switch (spec.kind) {
+        case WindowKind::Main:
+            return WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
+        case WindowKind::Dialog:
+            return WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
+        case WindowKind::Child:
+            break;
+    }
+    const DWORD tabStop = spec.tabStop ? WS_TABSTOP : 0;
+    return WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | tabStop;
+}
+
+DWORD extendedStyleOf(WindowKind kind) {
+    switch (kind) {
+        case WindowKind::Main:
+            return WS_EX_CONTROLPARENT | WS_EX_APPWINDOW;
+        case WindowKind::Dialog:
+            return WS_EX_CONTROLPARENT | WS_EX_DLGMODALFRAME;
+        case WindowKind::Child:
+            break;
+    }
+    return WS_EX_NOPARENTNOTIFY;
+}
+
+void setIcons(HWND hwnd, WindowData& data, int resource) {
+    data.smallIcon = loadIconResource(resource, GetSystemMetrics(SM_CXSMICON));
+    data.largeIcon = loadIconResource(resource, GetSystemMetrics(SM_CXICON));
+    SendMessageA(hwnd, WM_SETICON, ICON_SMALL, static_cast<LPARAM>(data.smallIcon.raw()));
+    SendMessageA(hwnd, WM_SETICON, ICON_BIG, static_cast<LPARAM>(data.largeIcon.raw()));
+}
+
+int showCode(ShowCommand command) {
+    switch (command) {
+        case ShowCommand::Show:
+            return SW_SHOW;
+        case ShowCommand::ShowInactive:
+            return SW_SHOWNA;
+        case ShowCommand::Hide:
+            return SW_HIDE;
+        case ShowCommand::Minimize:
+            return SW_MINIMIZE;
+        case ShowCommand::Maximize:
+            return SW_MAXIMIZE;
+        case ShowCommand::Restore:
+            return SW_RESTORE;
+    }
+    return SW_SHOW;
+}
+
+}  // namespace
+
+Window::~Window() {
+    if (native_ == 0) return;
+    const HWND hwnd = hwndOf(*this);
+    if (WindowData* data = dataOf(hwnd)) {
+        // The derived part of the object is gone: no handler may run any more.
+        endModal(*data);
+        data->window = nullptr;
+    }
+    DestroyWindow(hwnd);
+}
+
+bool Window::create(const WindowSpec& spec) {
+    if (native_ != 0) return false;
+    const bool dialog = spec.kind == WindowKind::Dialog;
+    if (!dialog && !registerClass(spec.className)) return false;
+    const HWND parent = spec.parent != nullptr ? hwndOf(*spec.parent) : nullptr;
+    const HWND hwnd =
+        CreateWindowExA(extendedStyleOf(spec.kind), dialog ? kDialogClass : spec.className.c_str(),
+                        spec.title.c_str(), styleOf(spec), spec.bounds.left, spec.bounds.top, spec.bounds.width(),
+                        spec.bounds.height(), parent, nullptr, GetModuleHandleA(nullptr), nullptr);
+    if (hwnd == nullptr) return false;
+    WindowData* data = attach(hwnd, *this, spec.kind);
+    if (spec.iconResource != 0) setIcons(hwnd, *data, spec.iconResource);
+    return true;
+}
+
+void Window::destroy() {
+    if (native_ == 0) return;
+    const HWND hwnd = hwndOf(*this);
+    if (WindowData* data = dataOf(hwnd)) endModal(*data);
+    DestroyWindow(hwnd);
+}
+
+void Window::show(ShowCommand command) {
+    const HWND hwnd = hwndOf(*this);
+    if (WindowData* data = dataOf(hwnd)) {
+        if (command == ShowCommand::Hide) endModal(*data);
+        if (command == ShowCommand::Hide || command == ShowCommand::Minimize) rememberFocus(hwnd, *data);
+    }
+    ShowWindow(hwnd, showCode(command));
+}
+
+bool Window::visible() const {
+    return IsWindowVisible(hwndOf(*this)) != FALSE;
+}
+
+WindowState Window::state() const {
+    if (IsIconic(hwndOf(*this))) return WindowState::Minimized;
+    return IsZoomed(hwndOf(*this)) ? WindowState::Maximized : WindowState::Normal;
+}
+
+void Window::bringToFront() {
+    SetForegroundWindow(hwndOf(*this));
+}
+
+void Window::setTopmost(bool topmost) {
+    SetWindowPos(hwndOf(*this), topmost ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
+                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
+void Window::enable(bool enabled) {
+    EnableWindow(hwndOf(*this), enabled);
+}
+
+bool Window::enabled() const {
+    return IsWindowEnabled(hwndOf(*this)) != FALSE;
+}
+
+void Window::setText(const std::string& text) {
+    SetWindowTextA(hwndOf(*this), text.c_str());
+}
+
+std::string Window::text() const {
+    const int length = GetWindowTextLengthA(hwndOf(*this));
+    if (length <= 0) return {};
+    std::string text(static_cast<std::size_t>(length) + 1, '\0');
+    text.resize(static_cast<std::size_t>(GetWindowTextA(hwndOf(*this), text.data(), length + 1)));
+    return text;
+}
+
+Rect Window::bounds() const {
+    const HWND hwnd = hwndOf(*this);
+    RECT r{};
+    GetWindowRect(hwnd, &r);
+    const WindowData* data = native_ != 0 ? dataOf(hwnd) : nullptr;
+    if (data != nullptr && data->kind == WindowKind::Child) {
+        MapWindowPoints(nullptr, GetParent(hwnd), reinterpret_cast<POINT*>(&r), 2);
+    }
+    return toRect(r);
+}
+
+void Window::setBounds(const Rect& bounds) {
+    MoveWindow(hwndOf(*this), bounds.left, bounds.top, bounds.width(), bounds.height(), TRUE);
+}
+
+Rect Window::normalBounds() const {
+    const HWND hwnd = hwndOf(*this);
+    WINDOWPLACEMENT placement{};
+    placement.length = sizeof placement;
+    if (!GetWindowPlacement(hwnd, &placement)) return {};
+    const Rect normal = toRect(placement.rcNormalPosition);
+    const WindowData* data = dataOf(hwnd);
+    if (data == nullptr || data->kind == WindowKind::Child) return normal;
+    // A placement counts from the corner of the work area, which a task bar at the top or left moves.
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    if (!GetMonitorInfoA(MonitorFromRect(&placement.rcNormalPosition, MONITOR_DEFAULTTONEAREST), &monitor)) {
+        return normal;
+    }
+    return normal.offset(monitor.rcWork.left - monitor.rcMonitor.left, monitor.rcWork.top - monitor.rcMonitor.top);
+}
+
+Size Window::clientSize() const {
+    RECT r{};
+    GetClientRect(hwndOf(*this), &r);
+    return toRect(r).size();
+}
+
+Point Window::toScreen(Point client) const {
+    POINT p{client.x, client.y};
+    ClientToScreen(hwndOf(*this), &p);
+    return {p.x, p.y};
+}
+
+void Window::invalidate() {
+    if (native_ != 0) InvalidateRect(hwndOf(*this), nullptr, FALSE);  // without a window: the whole screen
+}
+
+void Window::invalidate(const Rect& area) {
+    if (native_ == 0 || area.empty()) return;
+    const RECT r = toRECT(area);
+    InvalidateRect(hwndOf(*this), &r, FALSE);
+}
+
+void Window::update() {
+    UpdateWindow(hwndOf(*this));
+}
+
+void Window::focus() {
+    if (native_ != 0) SetFocus(hwndOf(*this));  // without a window: takes the focus from all of them
+}
+
+bool Window::focused() const {
+    return native_ != 0 && GetFocus() == hwndOf(*this);
+}
+
+void Window::capture() {
+    SetCapture(hwndOf(*this));
+}
+
+void Window::releaseCapture() {
+    if (captured()) ReleaseCapture();
+}
+
+bool Window::captured() const {
+    return native_ != 0 && GetCapture() == hwndOf(*this);
+}
+
+void Window::startTimer(int id, std::uint32_t milliseconds) {
+    if (native_ != 0) SetTimer(hwndOf(*this), static_cast<UINT_PTR>(id), milliseconds, nullptr);
+}
+
+void Window::stopTimer(int id) {
+    if (native_ != 0) KillTimer(hwndOf(*this), static_cast<UINT_PTR>(id));
+}
+
+void Window::setPointer(Pointer shape) {
+    WindowData* data = dataOf(hwndOf(*this));
+    if (data == nullptr || data->pointer == shape) return;
+    data->pointer = shape;
+    // Otherwise the new shape would only come with the next move of the mouse.
+    if ((underPointer() || captured()) && !busyPointerActive()) SetCursor(cursorFor(shape));
+}
+
+void Window::acceptFiles(bool accept) {
+    DragAcceptFiles(hwndOf(*this), accept);
+}
+
+bool Window::underPointer() const {
+    POINT p{};
+    return native_ != 0 && GetCursorPos(&p) && WindowFromPoint(p) == hwndOf(*this);
+}
+
+// Handlers that a window does not care about.
+void Window::onPaint(Canvas& canvas, const Rect& dirty) {
+    canvas.fill(dirty, systemColor(SysColor::ButtonFace));
+}
+void Window::onSize(Size, WindowState) {}
+void Window::onMouse(const MouseEvent&) {}
+void Window::onMouseLeave() {}
+void Window::onWheel(const WheelEvent&) {}
+void Window::onKey(const KeyEvent&) {}
+void Window::onFocus(bool) {}
+void Window::onTimer(int) {}
+void Window::onCaptureLost() {}
+void Window::onDropFiles(const std::vector<std::string>&) {}
+void Window::onSystemColors() {}
+void Window::onClose() {
+    destroy();
+}
+void Window::onEndSession() {}
+void Window::onTaskbarCreated() {}
+void Window::onDestroyed() {}
+Size Window::minimumSize() const {
+    return {};
+}
+
+}  // namespace platform
