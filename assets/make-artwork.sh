@@ -56,3 +56,12 @@ strip msgicons.bmp 32 '#B0B0B0' msg0-info msg1-question
 icon kestrum2.ico kestrum16:16 kestrum24:24 kestrum48:32 kestrum48:48
 icon defaulticon.ico defaulticon16:16 defaulticon32:32
 icon filter.ico filtericon16:16
+
+# The help page carries its pictures inside: <img id="SOURCE" width="SIZE" ... src="...">.
+for image in kestrum48:48 tool03-browse:24 tool04-remove:24 tool05-setnow:24 tool06-autoset:24 tool07-enforce:24 \
+    tool10-help:24 tool11-ontop:24; do
+    render "${image%:*}" "${image#*:}"
+    convert "$work/${image%:*}-${image#*:}.png" -strip -define png:exclude-chunks=date,time "$work/help.png"
+    data=$(base64 -w 0 "$work/help.png")
+    sed -i "s|\(<img id=\"${image%:*}\"[^>]* src=\"\)[^\"]*\"|\1data:image/png;base64,$data\"|" Help.htm
+done
