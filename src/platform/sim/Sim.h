@@ -79,6 +79,7 @@ void loseCapture();                                                     // anoth
 void closeBox(Window& window);
 void endSession();
 void restartShell();                                 // the tray forgets its icons; onTaskbarCreated follows
+void setSystemColor(SysColor which, Color color);    // onSystemColors follows, for every window
 void dragFrame(Window& window, const Rect& bounds);  // user resize: minimumSize is kept to
 Window* focusedWindow();
 Pointer pointerShape();                      // what the user sees: busy while a BusyPointer lives
@@ -104,10 +105,14 @@ struct Drawn {
 // Paints the window's invalid area (or all of it, with `everything`) and gives the operations of that paint;
 // operations that lie wholly outside the area painted are dropped.
 std::vector<Drawn> paint(Window& window, bool everything = false);
+constexpr Color kUnpainted = 0xFFFFFFFF;  // a pixel that the paint should have covered and did not
 Color pixelAt(Window& window, Point at);  // what the last paints left; text leaves no pixels
 Rect invalidArea(const Window& window);   // bounding box; empty when nothing needs painting
 std::uint64_t drawCount();                // drawing operations since reset
 // Text is 6 pixels a byte (bold 7) and 13 high.
+
+// What loadPictureResource gives for an id: `pixels` row by row, grey when empty. Other ids give 288 x 24 grey.
+void setPictureResource(int id, Size size, std::vector<Color> pixels = {});
 
 // ---- tray, sounds, log ----
 struct TrayIcon {

@@ -36,26 +36,43 @@ inline constexpr std::uint32_t kModalMilliseconds = 500;
 
 using WindowPointer = std::shared_ptr<WindowRecord>;
 
+// What the window is wider by than its client area: on the left, right and below; and above.
+struct Frame {
+    int side = 0;
+    int top = 0;
+};
+Frame frameOf(WindowKind kind);
+
 WindowPointer findRecord(std::uintptr_t native);      // null when it is gone
 WindowPointer topLevel(const WindowPointer& inside);  // the window that holds it, itself when it is top-level
 bool isVisible(const WindowRecord& record);
 bool takesInput(const WindowRecord& record);  // it and all that hold it are enabled
 Size clientSizeOf(const WindowRecord& record);
 Point clientOrigin(const WindowRecord& record);  // in screen pixels
-void invalidateRecord(WindowRecord& record, const Rect& area);
-void invalidateTree(const WindowPointer& record);
+
 void setFocus(std::uintptr_t native);                      // 0: nobody
 void activate(const WindowPointer& window);                // a top-level window
-void setCapture(std::uintptr_t native);                    // 0: nobody; tells the loser
+void deactivate(const WindowPointer& window);              // its owner becomes active
+void leaveFocusInside(const WindowPointer& window);        // as it hides or goes
 void moveFocus(const WindowPointer& from, bool backward);  // what Tab does
+void setCapture(std::uintptr_t native);                    // 0: nobody; tells the loser
+void cancelCaptureInside(const WindowRecord& window);
+
 void sendTimer(std::uintptr_t window, int id);
-// Paints what is invalid and can be seen.
-void paintInvalid();
+void sendSize(const WindowPointer& record);
+// Destroys a window and those inside it; `silently` when its object can no longer be told.
+void destroyRecord(const WindowPointer& record, bool silently);
+
+void invalidateRecord(WindowRecord& record, const Rect& area);
+void invalidateTree(WindowRecord& record);
 void paintRecord(const WindowPointer& record);
+void paintTree(const WindowPointer& record);  // what is invalid in it and the windows inside
+void paintInvalid();                          // what is invalid and can be seen
 
 // Disables the window behind a modal one; true when it was enabled before.
 bool disableOwner(std::uintptr_t owner);
 void enableOwner(std::uintptr_t owner);
+void endModal(WindowRecord& dialog);
 
 }  // namespace sim
 

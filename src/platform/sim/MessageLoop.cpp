@@ -1,0 +1,127 @@
+// The message loop, modal dialogs, the busy pointer and the screens of the simulated desktop.
+#include <algorithm>
+#include <cstdlib>
+
+#include "platform/Window.h"
+#include "platform/sim/SimDesktop.h"
+#include "platform/sim/SimMachine.h"
+
+namespace platform {
+
+using sim::machine;
+using sim::WindowPointer;
+
+namespace {
+
+constexpr int kTaskBarHeight = 30;
+
+bool isRunning(std::uintptr_t dialog) {
+    const WindowPointer record = sim::findRecord(dialog);
+    return record && sim::isVisible(*record) && machine().desktop.quitCode == -1;
+}
+
+void runScript(std::uintptr_t dialog) {
+    auto& scripts = machine().desktop.modalScripts;
+    if (scripts.empty()) {
+        sim::fail(("nothing answers the modal dialog \"" + sim::findRecord(dialog)->title + "\"").c_str());
+    }
+    const auto script = std::move(scripts.front());
+    scripts.pop_front();
+    script(*sim::findRecord(dialog)->object);
+    if (isRunning(dialog)) sim::fail("the script of a modal dialog left it open");
+}
+
+long long overlap(const Rect& a, const Rect& b) {
+    const Rect common = a.intersect(b);
+    return common.empty() ? 0 : static_cast<long long>(common.width()) * common.height();
+}
+
+long long distance(const Rect& a, const Rect& b) {
+    const auto dx = static_cast<long long>(std::max({0, a.left - b.right, b.left - a.right}));
+    const auto dy = static_cast<long long>(std::max({0, a.top - b.bottom, b.top - a.bottom}));
+    return dx * dx + dy * dy;
+}
+
+}  // namespace
+
+int runMessageLoop() {
+    sim::run(0);
+    return machine().desktop.quitCode;
+}
+
+void postQuit(int code) {
+    sim::note("postQuit", std::to_string(code));
+    machine().desktop.quitCode = code;
+}
+
+void pumpMessages() {
+    sim::run(0);
+}
+
+void runModal(Window& dialog, Window& owner) {
+    // By number: the objects may be gone before this ends.
+    const std::uintptr_t native = dialog.native();
+    const WindowPointer record = sim::findRecord(native);
+    if (!record) return;
+    sim::note("runModal", record->title);
+    sim::setCapture(0);
+    if (sim::disableOwner(owner.native())) record->modalOwner = owner.native();
+    dialog.show(ShowCommand::Show);
+    sim::run(sim::kModalMilliseconds);
+    if (isRunning(native)) runScript(native);
+    sim::endModal(*record);
+}
+
+BusyPointer::BusyPointer() {
+    ++machine().desktop.busy;
+}
+
+BusyPointer::~BusyPointer() {
+    --machine().desktop.busy;
+}
+
+Rect nearestWorkArea(const Rect& area) {
+    const auto nearer = [&area](const Rect& a, const Rect& b) {
+        const long long overlapA = overlap(area, a);
+        const long long overlapB = overlap(area, b);
+        return overlapA != overlapB ? overlapA > overlapB : distance(area, a) < distance(area, b);
+    };
+    const auto& screens = machine().desktop.screens;
+    Rect work = *std::min_element(screens.begin(), screens.end(), nearer);
+    work.bottom -= kTaskBarHeight;
+    return work;
+}
+
+bool onAnyScreen(const Rect& area) {
+    const auto& screens = machine().desktop.screens;
+    return std::any_of(screens.begin(), screens.end(), [&](const Rect& screen) { return screen.intersects(area); });
+}
+
+Size screenSize() {
+    return machine().desktop.screens.front().size();
+}
+
+namespace sim {
+
+Pointer pointerShape() {
+    if (machine().desktop.busy > 0) return Pointer::Busy;
+    const WindowPointer record = findRecord(machine().desktop.underPointer);
+    return record ? record->pointer : Pointer::Arrow;
+}
+
+void setScreens(std::vector<Rect> screens) {
+    if (screens.empty()) fail("setScreens: a machine has a screen");
+    machine().desktop.screens = std::move(screens);
+}
+
+void whenModal(std::function<void(Window& dialog)> script) {
+    machine().desktop.modalScripts.push_back(std::move(script));
+}
+
+int quitCode() {
+    return machine().desktop.quitCode;
+}
+
+}  // namespace sim
+
+}  // namespace platform

@@ -1,0 +1,223 @@
+// The user and the session, played by tests.
+#include <algorithm>
+#include <cstdio>
+
+#include "platform/sim/SimDesktop.h"
+#include "platform/sim/SimMachine.h"
+
+namespace platform::sim {
+
+namespace {
+
+struct Target {
+    WindowPointer window;  // null: nobody gets it
+    Point at;              // client pixels of the window
+};
+
+bool canReceive(const WindowRecord& record) {
+    if (!isVisible(record)) {
+        std::fprintf(stderr, "simulated machine: input for \"%s\", which is not visible, goes nowhere\n",
+                     record.title.c_str());
+        return false;
+    }
+    return takesInput(record) && record.object != nullptr;
+}
+
+// The innermost child of the window at a point of the screen.
+std::uintptr_t windowAt(const WindowRecord& record, Point screen) {
+    const Point origin = clientOrigin(record);
+    for (const std::uintptr_t native : record.children) {
+        const WindowPointer child = findRecord(native);
+        if (!child->shown) continue;
+        if (child->bounds.offset(origin.x, origin.y).contains(screen)) return windowAt(*child, screen);
+    }
+    return record.native;
+}
+
+// The active window lies above the others; those in order of creation, the last one on top.
+std::uintptr_t windowFromPoint(Point screen) {
+    const Desktop& desktop = machine().desktop;
+    const auto shows = [screen](const WindowPointer& record) {
+        return record && record->kind != WindowKind::Child && record->shown && record->bounds.contains(screen);
+    };
+    if (const WindowPointer active = findRecord(desktop.active); shows(active)) return windowAt(*active, screen);
+    for (auto at = desktop.windows.rbegin(); at != desktop.windows.rend(); ++at) {
+        if (shows(at->second)) return windowAt(*at->second, screen);
+    }
+    return 0;
+}
+
+Target aim(std::uintptr_t native, Point at) {
+    Desktop& desktop = machine().desktop;
+    const WindowPointer record = findRecord(native);
+    if (!record) return {};
+    const Point origin = clientOrigin(*record);
+    const Point screen{origin.x + at.x, origin.y + at.y};
+    const bool inside = Rect::fromSize({}, clientSizeOf(*record)).contains(at);
+    desktop.underPointer = inside && isVisible(*record) ? native : windowFromPoint(screen);
+    if (const WindowPointer holder = findRecord(desktop.capture)) {
+        const Point corner = clientOrigin(*holder);
+        return {holder->object == nullptr ? nullptr : holder, {screen.x - corner.x, screen.y - corner.y}};
+    }
+    if (!canReceive(*record)) return {};
+    return {record, at};
+}
+
+// A window is told that the pointer left it, but not while one holds the mouse.
+void leaveHovered() {
+    Desktop& desktop = machine().desktop;
+    if (desktop.capture != 0 || desktop.hovered == desktop.underPointer) return;
+    const WindowPointer left = findRecord(std::exchange(desktop.hovered, 0));
+    if (left && left->object != nullptr) WindowAccess::mouseLeave(*left->object);
+}
+
+void sendMouse(std::uintptr_t native, Point at, MouseAction action, MouseButton button, Modifiers modifiers) {
+    const Target target = aim(native, at);
+    Desktop& desktop = machine().desktop;
+    if (button == MouseButton::Left) desktop.leftHeld = action != MouseAction::Up;
+    if (target.window) {
+        WindowAccess::mouse(*target.window->object, {action, button, target.at, modifiers, desktop.leftHeld});
+    }
+    if (action == MouseAction::Up) leaveHovered();
+}
+
+void sendKey(bool down, std::uint16_t code, Modifiers modifiers) {
+    const WindowPointer record = findRecord(machine().desktop.focus);
+    if (!record || !takesInput(*record) || record->object == nullptr) return;
+    if (code != key::kTab) {
+        WindowAccess::key(*record->object, {down, code, modifiers});
+    } else if (down && !modifiers.alt) {
+        moveFocus(record, modifiers.shift);
+    }
+}
+
+// Calls `tell` for each top-level window that is still there when its turn comes.
+template <class Tell>
+void tellTopLevels(Tell tell) {
+    for (Window* window : topLevelWindows()) {
+        const auto& windows = machine().desktop.windows;
+        const bool there = std::any_of(windows.begin(), windows.end(),
+                                       [window](const auto& entry) { return entry.second->object == window; });
+        if (there) tell(*window);
+    }
+}
+
+void sendColors(const WindowPointer& record) {
+    if (record->object != nullptr) WindowAccess::systemColors(*record->object);
+    const std::vector<std::uintptr_t> children = record->children;
+    for (const std::uintptr_t native : children) {
+        if (const WindowPointer child = findRecord(native)) sendColors(child);
+    }
+}
+
+}  // namespace
+
+Window* findWindow(const std::string& title) {
+    for (const auto& [native, record] : machine().desktop.windows) {
+        if (record->title == title) return record->object;
+    }
+    return nullptr;
+}
+
+std::vector<Window*> topLevelWindows() {
+    std::vector<Window*> found;
+    for (const auto& [native, record] : machine().desktop.windows) {
+        if (record->kind != WindowKind::Child && record->object != nullptr) found.push_back(record->object);
+    }
+    return found;
+}
+
+void setPointer(Window& window, Point at) {
+    const Target target = aim(window.native(), at);
+    leaveHovered();
+    Desktop& desktop = machine().desktop;
+    if (!target.window || target.window->object == nullptr) return;
+    if (desktop.underPointer == target.window->native) desktop.hovered = target.window->native;
+    WindowAccess::mouse(*target.window->object,
+                        {MouseAction::Move, MouseButton::None, target.at, {}, desktop.leftHeld});
+}
+
+void mouseDown(Window& window, Point at, MouseButton button, Modifiers modifiers) {
+    sendMouse(window.native(), at, MouseAction::Down, button, modifiers);
+}
+
+void mouseUp(Window& window, Point at, MouseButton button, Modifiers modifiers) {
+    sendMouse(window.native(), at, MouseAction::Up, button, modifiers);
+}
+
+void click(Window& window, Point at, MouseButton button, Modifiers modifiers) {
+    const std::uintptr_t native = window.native();  // its object may go with the first half
+    sendMouse(native, at, MouseAction::Down, button, modifiers);
+    sendMouse(native, at, MouseAction::Up, button, modifiers);
+}
+
+void doubleClick(Window& window, Point at) {
+    const std::uintptr_t native = window.native();
+    sendMouse(native, at, MouseAction::Down, MouseButton::Left, {});
+    sendMouse(native, at, MouseAction::Up, MouseButton::Left, {});
+    sendMouse(native, at, MouseAction::DoubleClick, MouseButton::Left, {});
+    sendMouse(native, at, MouseAction::Up, MouseButton::Left, {});
+}
+
+void wheel(Window& window, Point at, int delta) {
+    const Target target = aim(window.native(), at);
+    if (target.window) WindowAccess::wheel(*target.window->object, {delta, target.at, {}});
+}
+
+void keyDown(std::uint16_t code, Modifiers modifiers) {
+    sendKey(true, code, modifiers);
+}
+
+void keyUp(std::uint16_t code, Modifiers modifiers) {
+    sendKey(false, code, modifiers);
+}
+
+void pressKey(std::uint16_t code, Modifiers modifiers) {
+    sendKey(true, code, modifiers);
+    sendKey(false, code, modifiers);
+}
+
+void dropFiles(Window& window, const std::vector<std::string>& paths) {
+    const WindowPointer record = findRecord(window.native());
+    if (record && record->acceptsFiles && canReceive(*record)) WindowAccess::dropFiles(window, paths);
+}
+
+void loseCapture() {
+    setCapture(0);
+    leaveHovered();
+}
+
+void closeBox(Window& window) {
+    const WindowPointer record = findRecord(window.native());
+    if (record && canReceive(*record)) WindowAccess::close(window);
+}
+
+void endSession() {
+    tellTopLevels([](Window& window) { WindowAccess::endSession(window); });
+}
+
+void restartShell() {
+    machine().shellRunning = true;
+    machine().trayIcons.clear();
+    tellTopLevels([](Window& window) {
+        if (findRecord(window.native())->kind == WindowKind::Main) WindowAccess::taskbarCreated(window);
+    });
+}
+
+void setSystemColor(SysColor which, Color color) {
+    machine().desktop.systemColors[static_cast<std::size_t>(which)] = color;
+    tellTopLevels([](Window& window) { sendColors(findRecord(window.native())); });
+}
+
+void dragFrame(Window& window, const Rect& bounds) {
+    const WindowPointer record = findRecord(window.native());
+    if (!record || record->state != WindowState::Normal || !canReceive(*record)) return;
+    window.setBounds(bounds);  // which keeps to the smallest size
+}
+
+Window* focusedWindow() {
+    const WindowPointer record = findRecord(machine().desktop.focus);
+    return record ? record->object : nullptr;
+}
+
+}  // namespace platform::sim
