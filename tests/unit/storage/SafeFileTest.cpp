@@ -1,0 +1,86 @@
+#include "storage/SafeFile.h"
+
+#include <doctest/doctest.h>
+
+#include "platform/Files.h"
+#include "platform/sim/Sim.h"
+
+namespace sim = platform::sim;
+using Lines = std::vector<std::string>;
+
+namespace {
+
+const std::string kPath = "C:\\Kestrum\\My Favs 1";
+const std::string kOld = "old\r\n";
+const std::string kNew = "new and longer\r\n";
+
+}  // namespace
+
+TEST_CASE("a file splits into its lines, whatever it holds") {
+    struct Case {
+        std::string content;
+        Lines lines;
+    };
+    const Case cases[] = {
+        {"", {}},
+        {"one", {"one"}},
+        {"one\r\n", {"one"}},
+        {"one\r\ntwo", {"one", "two"}},
+        {"one\r\n\r\ntwo\r\n", {"one", "", "two"}},
+        {"\r\n", {""}},
+        {"one\ntwo\n", {"one", "two"}},
+        {"a\rb\r\nc\r", {"a\rb", "c\r"}},
+        {"a\r\r\nb", {"a\r", "b"}},
+        {std::string("a\0b\r\n\0", 6), {std::string("a\0b", 3), std::string("\0", 1)}},
+        {std::string(1 << 20, 'x') + "\r\ny", {std::string(1 << 20, 'x'), "y"}},
+    };
+    for (const Case& each : cases) {
+        sim::reset();
+        sim::putFile(kPath, each.content);
+        CAPTURE(each.content.substr(0, 20));
+        CHECK(storage::ReadLines(kPath) == each.lines);
+    }
+    CHECK(storage::ReadLines("C:\\Kestrum\\none").empty());
+    CHECK(storage::ReadLines("C:\\Kestrum").empty());
+    CHECK(storage::ReadLines(std::string("C:\\a\0b", 6)).empty());
+}
+
+TEST_CASE("a program stopped at any step of a save leaves the old file or the new one") {
+    int completed = 0;
+    for (int steps = 0; steps <= 3; ++steps) {
+        CAPTURE(steps);
+        sim::reset();
+        sim::putFile(kPath, kOld);
+        sim::stopFilesAfter(steps);
+        const bool written = storage::WriteWhole(kPath, kNew);
+        sim::stopFilesAfter(std::nullopt);
+        CHECK(sim::file(kPath) == (written ? kNew : kOld));
+        completed += written ? 1 : 0;
+
+        // What such an end left behind is in nobody's way.
+        CHECK(storage::WriteWhole(kPath, kNew));
+        CHECK(sim::file(kPath) == kNew);
+        CHECK_FALSE(sim::file(kPath + ".new"));
+    }
+    CHECK(completed == 2);  // writing and moving are all there is to it
+}
+
+TEST_CASE("a save that fails changes nothing and leaves nothing behind") {
+    sim::reset();
+    sim::putFile(kPath, kOld);
+    const std::vector<std::string> before = sim::allFiles();
+
+    SUBCASE("full disk") {
+        sim::setDiskSpace(3);
+    }
+    SUBCASE("read-only folder") {
+        sim::setReadOnlyFolder("C:\\Kestrum", true);
+    }
+    CHECK_FALSE(storage::WriteWhole(kPath, kNew));
+    CHECK(sim::file(kPath) == kOld);
+    CHECK(sim::allFiles() == before);
+
+    sim::putFolder("C:\\Kestrum2\\taken");
+    CHECK_FALSE(storage::WriteWhole("C:\\Kestrum2\\taken", kNew));
+    CHECK(sim::allFiles() == before);
+}
