@@ -1,0 +1,53 @@
+// What contract tests need of the machine they run on and the seam does not offer: a folder of their own, a
+// process to experiment with, and waiting. Implemented for the simulation (MachineSim) and for Windows
+// (MachineWin32).
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "platform/Process.h"
+
+namespace contract {
+
+// First line of every test: the simulated machine is reset; on Windows what a test may have left is removed.
+void freshMachine();
+
+// The section of the settings store that tests may write to; nothing is in it after freshMachine.
+inline const std::string kSection = "Kestrum2 Contract\\Test";
+
+enum class StoredAs { Text, ExpandableText, Binary };
+// Puts a value into the store past the seam, its bytes exactly as given (text without a NUL at its end, say).
+void putStored(const std::string& key, StoredAs kind, const std::string& bytes);
+
+// An existing folder, with trailing "\", empty after freshMachine.
+std::string scratchFolder();
+// An existing file with the content "old" that can be read, but not written, replaced or deleted.
+std::string sealedFile();
+
+enum class Load { Idle, Busy };
+
+// A process of no importance; it ends with this object.
+class Victim {
+public:
+    explicit Victim(Load load = Load::Idle);
+    ~Victim();
+    Victim(const Victim&) = delete;
+    Victim& operator=(const Victim&) = delete;
+
+    platform::ProcessId id() const { return id_; }
+    const std::string& path() const { return path_; }
+    void end();  // as if it ended by itself; returns when it is gone
+
+private:
+    platform::ProcessId id_ = 0;
+    std::string path_;
+    std::uintptr_t native_ = 0;
+};
+
+// Runs the message loop until `condition` holds, at most `milliseconds` long; whether it holds.
+bool waitFor(const std::function<bool()>& condition, std::uint32_t milliseconds = 10000);
+
+}  // namespace contract

@@ -1,0 +1,56 @@
+#include "contract/Machine.h"
+#include "platform/sim/Sim.h"
+
+namespace contract {
+
+namespace sim = platform::sim;
+
+void freshMachine() {
+    sim::reset();
+    sim::putFolder("C:\\Scratch");
+}
+
+void putStored(const std::string& key, StoredAs kind, const std::string& bytes) {
+    // The simulated store knows one kind of value that is not text.
+    if (kind == StoredAs::Text) {
+        sim::putSetting(kSection, key, bytes);
+    } else {
+        sim::putBinarySetting(kSection, key);
+    }
+}
+
+std::string scratchFolder() {
+    return "C:\\Scratch\\";
+}
+
+std::string sealedFile() {
+    sim::putFile("C:\\Sealed\\file.txt", "old");
+    sim::setReadOnlyFolder("C:\\Sealed", true);
+    return "C:\\Sealed\\file.txt";
+}
+
+Victim::Victim(Load load) : path_("C:\\Scratch\\Victim.exe") {
+    sim::Process process;
+    process.path = path_;
+    process.load = load == Load::Busy ? 1.0 : 0.0;
+    id_ = sim::addProcess(process);
+}
+
+Victim::~Victim() {
+    end();
+}
+
+void Victim::end() {
+    if (native_ == 0) sim::endProcess(id_);
+    native_ = 1;
+}
+
+bool waitFor(const std::function<bool()>& condition, std::uint32_t milliseconds) {
+    for (std::uint32_t waited = 0; waited <= milliseconds; waited += 10) {
+        if (condition()) return true;
+        sim::run(10);
+    }
+    return condition();
+}
+
+}  // namespace contract
