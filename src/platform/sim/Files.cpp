@@ -91,7 +91,9 @@ std::string plainPath(std::string path) {
 
 std::optional<std::string> readFile(const std::string& path, std::size_t maxBytes) {
     const FileEntry* entry = findEntry(pathKey(path));
-    if (entry == nullptr || entry->folder || entry->content.size() > maxBytes) return std::nullopt;
+    if (entry == nullptr || entry->folder || entry->unreadable || entry->content.size() > maxBytes) {
+        return std::nullopt;
+    }
     return entry->content;
 }
 

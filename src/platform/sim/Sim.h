@@ -54,6 +54,8 @@ void putFile(const std::string& path, std::string content);
 std::optional<std::string> file(const std::string& path);
 void putFolder(const std::string& path);
 std::vector<std::string> allFiles();
+// The file is there, but reading it fails: another program holds it, or the user has no right to it.
+void setUnreadable(const std::string& path, bool unreadable);
 void setReadOnlyFolder(const std::string& folder, bool readOnly);
 void setDiskSpace(std::optional<std::size_t> bytes);  // writing beyond it fails after writing what fits
 // Fails every file operation (write, move, delete) after `count` more of them, as if the program was killed there.

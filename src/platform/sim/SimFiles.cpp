@@ -23,6 +23,10 @@ std::vector<std::string> allFiles() {
     return paths;
 }
 
+void setUnreadable(const std::string& path, bool unreadable) {
+    machine().disk.entries.at(pathKey(path)).unreadable = unreadable;
+}
+
 void setReadOnlyFolder(const std::string& folder, bool readOnly) {
     putFolder(folder);
     machine().disk.entries[pathKey(folder)].readOnly = readOnly;

@@ -87,6 +87,7 @@ struct FileEntry {
     std::string content;
     bool folder = false;
     bool readOnly = false;  // folders: nothing in or below it can be created, changed or removed
+    bool unreadable = false;
 };
 struct Disk {
     std::map<std::string, FileEntry> entries;  // by pathKey
