@@ -1,6 +1,7 @@
 #include "controls/MsgBoxLayout.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/Canvas.h"
 
@@ -53,7 +54,7 @@ std::size_t FittingLength(std::string_view word, int width) {
 
 void WrapParagraph(std::string_view text, int width, std::vector<std::string>& lines) {
     std::string line;
-    while (!text.empty()) {
+    do {
         // A word comes with the blanks before it, so that those inside a line stay as they are.
         const std::size_t begin = std::min(text.find_first_not_of(' '), text.size());
         const std::size_t end = std::min(text.find(' ', begin), text.size());
@@ -61,15 +62,16 @@ void WrapParagraph(std::string_view text, int width, std::vector<std::string>& l
             line += text.substr(0, end);
             text.remove_prefix(end);
         } else if (!line.empty()) {
-            lines.push_back(line);
-            line.clear();
+            lines.push_back(std::exchange(line, {}));
             text.remove_prefix(begin);
+            if (text.empty()) return;
         } else {
             const std::size_t part = FittingLength(text.substr(0, end), width);
             lines.emplace_back(text.substr(0, part));
             text.remove_prefix(part);
+            if (text.empty()) return;
         }
-    }
+    } while (!text.empty());
     lines.push_back(line);
 }
 

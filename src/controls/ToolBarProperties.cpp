@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <limits>
 
+#include "text/Numbers.h"
+
 namespace controls {
 
 namespace {
@@ -14,18 +16,16 @@ constexpr int kMaxShort = std::numeric_limits<std::int16_t>::max();  // the inte
 int ReadInt(const PropertyMap& map, const std::string& key, int fallback, int low, int high) {
     const auto found = map.find(key);
     if (found == map.end()) return fallback;
-    const std::string& text = found->second;
+    const char* const last = found->second.data() + found->second.size();
     int value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    const bool whole = error == std::errc() && end == text.data() + text.size();
+    const auto [end, error] = std::from_chars(found->second.data(), last, value);
+    const bool whole = error == std::errc() && end == last;
     return whole && value >= low && value <= high ? value : fallback;
 }
 
 bool ReadBool(const PropertyMap& map, const std::string& key, bool fallback) {
     const auto found = map.find(key);
-    if (found == map.end()) return fallback;
-    if (found->second == "True") return true;
-    return found->second == "False" ? false : fallback;
+    return found == map.end() ? fallback : text::ToBool(found->second).value_or(fallback);
 }
 
 std::string BoolText(bool value) {
