@@ -1,6 +1,8 @@
 // Files of the simulated machine: one tree, compared without regard to case, on drives that always exist.
 #include "platform/Files.h"
 
+#include <algorithm>
+
 #include "platform/CodePage.h"
 #include "platform/sim/SimMachine.h"
 
@@ -79,12 +81,17 @@ std::string lastName(const std::string& path) {
 
 // "C:\a\" gives "C:\a"; the path is known to name something.
 std::string plainPath(std::string path) {
-    for (char& letter : path) {
-        if (letter == '/') letter = '\\';
-    }
+    std::replace(path.begin(), path.end(), '/', '\\');
     for (std::size_t at = path.find("\\\\"); at != std::string::npos; at = path.find("\\\\")) path.erase(at, 1);
     if (path.size() > 2 && path.back() == '\\') path.pop_back();
     return path;
+}
+
+// The path of something new in a folder that is there: the folder's name keeps its case.
+std::string newPath(const std::string& key, const std::string& path) {
+    const FileEntry* parent = findEntry(parentKey(key));
+    const std::string plain = plainPath(path);
+    return (parent == nullptr ? plain.substr(0, 2) : parent->path) + "\\" + lastName(plain);
 }
 
 }  // namespace
@@ -105,7 +112,7 @@ bool writeFile(const std::string& path, std::string_view content) {
     if (!canPlaceFile(key) || (!may && !dying)) return false;
 
     auto& disk = machine().disk;
-    FileEntry& entry = disk.entries.try_emplace(key, FileEntry{plainPath(path), {}, false, false}).first->second;
+    FileEntry& entry = disk.entries.try_emplace(key, FileEntry{newPath(key, path), {}, false, false}).first->second;
     std::size_t room = content.size();
     if (disk.space) {
         *disk.space += entry.content.size();
@@ -129,7 +136,7 @@ bool moveFileOver(const std::string& from, const std::string& to) {
 
     FileEntry entry = std::move(moved->second);
     disk.entries.erase(moved);
-    entry.path = plainPath(to);
+    entry.path = newPath(target, to);
     const FileEntry* replaced = findEntry(target);
     if (replaced != nullptr && disk.space) *disk.space += replaced->content.size();
     disk.entries[target] = std::move(entry);
@@ -177,19 +184,17 @@ bool createFolders(const std::string& path) {
     if (findEntry(key) != nullptr || !createFolders(plain.substr(0, plain.rfind('\\') + 1))) return false;
     if (inReadOnlyFolder(key)) return false;
     sim::note("createFolder", plain);
-    machine().disk.entries[key] = {plain, {}, true, false};
+    machine().disk.entries[key] = {newPath(key, plain), {}, true, false};
     return true;
 }
 
 std::optional<std::string> longPathName(const std::string& path) {
-    std::string key = pathKey(path);
-    if (key.empty() || (!isDrive(key) && findEntry(key) == nullptr)) return std::nullopt;
-    std::string result;
-    for (; !isDrive(key); key = parentKey(key)) {
-        const FileEntry* entry = findEntry(key);
-        result.insert(0, "\\" + lastName(entry->path));
-    }
-    return path.substr(0, 2) + (result.empty() ? "\\" : result);
+    const std::string key = pathKey(path);
+    if (key.empty()) return std::nullopt;
+    if (isDrive(key)) return path.substr(0, 2) + "\\";
+    const FileEntry* entry = findEntry(key);
+    if (entry == nullptr) return std::nullopt;
+    return path.substr(0, 2) + entry->path.substr(2);  // the drive's letter stays as asked
 }
 
 namespace sim {
@@ -199,8 +204,9 @@ std::string pathKey(std::string_view path) {
     if (path[2] != '\\' && path[2] != '/') return {};
     for (std::size_t at = 0; at < path.size(); ++at) {
         const auto letter = static_cast<unsigned char>(path[at]);
-        if (letter < 0x20 || (letter == ':' && at != 1)) return {};
-        if (std::string_view("<>\"|?*").find(path[at]) != std::string_view::npos) return {};
+        const bool special = letter == '<' || letter == '>' || letter == '"' || letter == '|' || letter == '?' ||
+                             letter == '*' || (letter == ':' && at != 1);
+        if (letter < 0x20 || special) return {};
     }
     return lowerCase(plainPath(std::string(path)));
 }
@@ -209,13 +215,16 @@ void putEntry(Machine& state, const std::string& path, std::string content, bool
     const std::string key = pathKey(path);
     if (key.empty()) fail("putFile, putFolder: not an absolute path");
     const std::string plain = plainPath(path);
-    for (std::size_t at = key.find('\\', 3); at != std::string::npos; at = key.find('\\', at + 1)) {
-        state.disk.entries.try_emplace(key.substr(0, at), FileEntry{plain.substr(0, at), {}, true, false});
-    }
-    if (folder) {
-        state.disk.entries.try_emplace(key, FileEntry{plain, {}, true, false});
-    } else {
-        state.disk.entries[key] = FileEntry{plain, std::move(content), false, false};
+    // Each part as it is stored, if it is; the names above may be written in another case.
+    std::string stored = plain.substr(0, 2);
+    for (std::size_t at = 2; at < key.size();) {
+        const std::size_t end = std::min(key.find('\\', at + 1), key.size());
+        const bool last = end == key.size();
+        FileEntry fresh{stored + plain.substr(at, end - at), {}, folder || !last, false};
+        FileEntry& entry = state.disk.entries.try_emplace(key.substr(0, end), std::move(fresh)).first->second;
+        if (last && !folder) entry.content = std::move(content);
+        stored = entry.path;
+        at = end;
     }
 }
 
