@@ -99,6 +99,9 @@ bool Window::create(const WindowSpec& spec) {
     if (hwnd == nullptr) return false;
     WindowData* data = attach(hwnd, *this, spec.kind);
     if (spec.iconResource != 0) setIcons(hwnd, *data, spec.iconResource);
+    // Windows sends the first size of these during the call, before anything listens; a main window has its with
+    // the first show.
+    if (spec.kind != WindowKind::Main) onSize(clientSize(), WindowState::Normal);
     return true;
 }
 
@@ -223,6 +226,9 @@ bool Window::focused() const {
 }
 
 void Window::capture() {
+    WindowData* data = native_ != 0 ? dataOf(hwndOf(*this)) : nullptr;
+    if (data == nullptr || captured()) return;
+    data->capturing = true;
     SetCapture(hwndOf(*this));
 }
 

@@ -12,11 +12,13 @@ struct WindowData {
     WindowKind kind = WindowKind::Child;
     WNDPROC base = nullptr;  // takes what is not decoded here: DefWindowProcA, or the dialog class' own
     Pointer pointer = Pointer::Arrow;
-    bool trackingLeave = false;     // WM_MOUSELEAVE has been asked for
-    HWND focusToRestore = nullptr;  // the child that had the focus when the window was deactivated
-    HWND modalOwner = nullptr;      // the window disabled by runModal for this one
-    IconHandle smallIcon;           // of the caption
-    IconHandle largeIcon;           // of the task switcher
+    bool trackingLeave = false;       // WM_MOUSELEAVE has been asked for
+    bool capturing = false;           // by capture(); Windows itself captures too, for frames and menus
+    bool leftWhileCapturing = false;  // the pointer; to be told when the capture ends
+    HWND focusToRestore = nullptr;    // the child that had the focus when the window was deactivated
+    HWND modalOwner = nullptr;        // the window disabled by runModal for this one
+    IconHandle smallIcon;             // of the caption
+    IconHandle largeIcon;             // of the task switcher
 };
 
 // The platform's way to the handlers, which are protected.

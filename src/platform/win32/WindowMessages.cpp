@@ -6,6 +6,7 @@
 #include <windowsx.h>
 
 #include <optional>
+#include <utility>
 
 #include "platform/win32/WindowData.h"
 
@@ -98,6 +99,7 @@ void askForLeave(HWND hwnd, WindowData& data, Point at) {
     GetClientRect(hwnd, &client);
     // Asked for from outside (a drag that holds the mouse) it would be answered at once.
     if (data.trackingLeave || !toRect(client).contains(at)) return;
+    data.leftWhileCapturing = false;
     TRACKMOUSEEVENT request{};
     request.cbSize = sizeof request;
     request.dwFlags = TME_LEAVE;
@@ -119,6 +121,10 @@ Answer mouseMessage(const Message& m, WindowData& data) {
 
 Answer mouseLeaveMessage(WindowData& data) {
     data.trackingLeave = false;
+    if (data.capturing) {  // a drag may well leave the window and come back
+        data.leftWhileCapturing = true;
+        return 0;
+    }
     WindowAccess::mouseLeave(*data.window);
     return 0;
 }
@@ -132,8 +138,9 @@ Answer wheelMessage(const Message& m, WindowData& data) {
 }
 
 Answer captureChangedMessage(const Message& m, WindowData& data) {
-    // Capturing again what is captured already takes it from nobody.
-    if (reinterpret_cast<HWND>(m.lParam) != m.hwnd) WindowAccess::captureLost(*data.window);
+    if (!std::exchange(data.capturing, false)) return std::nullopt;
+    if (std::exchange(data.leftWhileCapturing, false)) PostMessageA(m.hwnd, WM_MOUSELEAVE, 0, 0);
+    WindowAccess::captureLost(*data.window);
     return 0;
 }
 
