@@ -124,6 +124,12 @@ TEST_CASE("A message box works with the keyboard") {
 
     Asker asker;
     CHECK(asker.Ask(MsgStyle::Question, [&](Window& box) {
+        sim::pressKey('Y', {.ctrl = true});
+        sim::keyDown(key::kSpace);  // given up by going to another button
+        sim::pressKey(key::kTab);
+        sim::pressKey(key::kTab);
+        sim::keyUp(key::kSpace);
+        REQUIRE(box.exists());
         sim::pressKey(key::kTab);
         box.focus();  // as after a visit to another program
         CHECK(sim::focusedWindow() == sim::findWindow("No"));

@@ -121,6 +121,14 @@ TEST_CASE("A toolbar reports clicks") {
         strip.Click(1);  // the mark of the double click is not left behind
         CHECK(strip.clicks == Clicks{1, kCheck, 1});
     }
+    SUBCASE("two quick clicks are two when another button has moved under the pointer") {
+        bar.Click = [&](int index) {
+            strip.clicks.push_back(index);
+            bar.SetLeftIndent(3 + bar.ButtonRect(0).width());
+        };
+        sim::doubleClick(bar, strip.Middle(1));
+        CHECK(strip.clicks == Clicks{1, 0});
+    }
     SUBCASE("a check-box button clicked twice is up again") {
         strip.Click(kCheck);
         CHECK(bar.IsChecked(kCheck));
@@ -373,6 +381,13 @@ TEST_CASE("A toolbar works with the keyboard") {
         sim::keyUp(key::kSpace);
         CHECK(strip.clicks.size() == 2);
     }
+    SUBCASE("the mouse that passes by does not disturb it") {
+        sim::keyDown(key::kSpace);
+        strip.PointAt(2);
+        sim::setPointer(strip.form, kBeside);
+        sim::keyUp(key::kSpace);
+        CHECK(strip.clicks.size() == 3);
+    }
     SUBCASE("the focus is shown only while the strip has it") {
         strip.form.focus();
         CHECK(focusButton() == -1);
@@ -410,10 +425,14 @@ TEST_CASE("A toolbar's slot properties") {
     }
     SUBCASE("fewer slots while a later button is hovered") {
         strip.PointAt(5);
+        bar.focus();
+        sim::pressKey(key::kEnd);
         bar.SetImages({}, 2);
         CHECK(strip.hovers.back() == -1);
         sim::mouseUp(bar, {390, 10});
         CHECK(strip.clicks.empty());
+        sim::pressKey(key::kSpace);  // the keyboard is on the last one left
+        CHECK(strip.clicks == Clicks{1});
     }
     SUBCASE("they come back as they were written") {
         bar.SetLeftIndent(9);
