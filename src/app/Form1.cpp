@@ -140,8 +140,7 @@ void Form1::onTaskbarCreated() {
 
 // The close box ends the program: without a menu on the tray icon, a window hidden there could not come back.
 void Form1::onClose() {
-    SaveSettings();
-    destroy();
+    Unload();
 }
 
 void Form1::onEndSession() {
@@ -149,11 +148,6 @@ void Form1::onEndSession() {
 }
 
 void Form1::onDestroyed() {
-    for (const Slot slot : {Slot::Process, Slot::Tray, Slot::Memory, Slot::FavoritesPanel, Slot::TotalGraph}) {
-        slots_.Stop(slot);
-    }
-    started_ = false;
-    trayIcon_.Remove();
     platform::postQuit(0);
 }
 

@@ -66,6 +66,7 @@ private:
     void RestorePlacement();
     void ShowFirstTime();
     void SaveSettings();
+    void Unload();
 
     // Form1.cpp
     void ToolBar1Clicked(int index);

@@ -158,4 +158,15 @@ void Form1::SaveSettings() {
     layouts_.Save(settings_);
 }
 
+// Ends the program: what it remembers first, then what it holds, then the window.
+void Form1::Unload() {
+    SaveSettings();
+    started_ = false;
+    for (const Slot slot : {Slot::Process, Slot::Tray, Slot::Memory, Slot::FavoritesPanel, Slot::TotalGraph}) {
+        slots_.Stop(slot);
+    }
+    trayIcon_.Remove();
+    destroy();
+}
+
 }  // namespace app
