@@ -1,6 +1,6 @@
 // The message loop, modal dialogs, the busy pointer and the screens of the simulated desktop.
 #include <algorithm>
-#include <cstdlib>
+#include <cstdint>
 
 #include "platform/Window.h"
 #include "platform/sim/SimDesktop.h"
@@ -31,14 +31,14 @@ void runScript(std::uintptr_t dialog) {
     if (isRunning(dialog)) sim::fail("the script of a modal dialog left it open");
 }
 
-long long overlap(const Rect& a, const Rect& b) {
+std::int64_t overlap(const Rect& a, const Rect& b) {
     const Rect common = a.intersect(b);
-    return common.empty() ? 0 : static_cast<long long>(common.width()) * common.height();
+    return common.empty() ? 0 : static_cast<std::int64_t>(common.width()) * common.height();
 }
 
-long long distance(const Rect& a, const Rect& b) {
-    const auto dx = static_cast<long long>(std::max({0, a.left - b.right, b.left - a.right}));
-    const auto dy = static_cast<long long>(std::max({0, a.top - b.bottom, b.top - a.bottom}));
+std::int64_t distance(const Rect& a, const Rect& b) {
+    const auto dx = static_cast<std::int64_t>(std::max({0, a.left - b.right, b.left - a.right}));
+    const auto dy = static_cast<std::int64_t>(std::max({0, a.top - b.bottom, b.top - a.bottom}));
     return dx * dx + dy * dy;
 }
 
@@ -82,8 +82,8 @@ BusyPointer::~BusyPointer() {
 
 Rect nearestWorkArea(const Rect& area) {
     const auto nearer = [&area](const Rect& a, const Rect& b) {
-        const long long overlapA = overlap(area, a);
-        const long long overlapB = overlap(area, b);
+        const std::int64_t overlapA = overlap(area, a);
+        const std::int64_t overlapB = overlap(area, b);
         return overlapA != overlapB ? overlapA > overlapB : distance(area, a) < distance(area, b);
     };
     const auto& screens = machine().desktop.screens;
