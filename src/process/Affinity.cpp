@@ -19,4 +19,10 @@ std::uint32_t AffinityMask(std::string_view text) {
     return mask;
 }
 
+std::vector<std::uint32_t> SplitMask(std::uint32_t mask) {
+    std::vector<std::uint32_t> bits;
+    for (; mask != 0; mask &= mask - 1) bits.push_back(mask & (~mask + 1));
+    return bits;
+}
+
 }  // namespace process

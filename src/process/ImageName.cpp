@@ -12,7 +12,8 @@ constexpr char kSystemRoot[] = "\\SystemRoot\\";
 
 std::string WindowsDirectoryWithSlash() {
     std::string directory = platform::windowsDirectory();
-    if (!directory.empty()) directory += '\\';
+    // A Windows directory that is a drive's root already ends in "\".
+    if (!directory.empty() && directory.back() != '\\') directory += '\\';
     return directory;
 }
 

@@ -7,7 +7,7 @@ namespace process {
 
 namespace {
 
-// Difference of two times on their low 32 bits, as a signed number: readings lie half a second apart.
+// Difference of two times on their low 32 bits: readings lie half a second apart, which is far from a wrap.
 std::uint32_t LowDifference(std::uint64_t now, std::uint64_t before) {
     return static_cast<std::uint32_t>(now) - static_cast<std::uint32_t>(before);
 }
@@ -43,13 +43,15 @@ double clsProcessCpuUsage::GetCpuUsage() {
     const std::int64_t counter = platform::performanceCounter();
     const auto ticks = static_cast<std::int32_t>(LowDifference(userTime_, previousUserTime_) +
                                                  LowDifference(kernelTime_, previousKernelTime_));
-    const double busy = static_cast<double>(ticks) / processorCount_;
     const std::int64_t elapsed = counter - previousCounter_;
+    // Without a clock nothing can be told; what was used stays for the next reading.
+    if (frequency_ == 0 || elapsed == 0) return 0;
+    // The reading itself takes time too: the next interval begins behind it.
     previousCounter_ = platform::performanceCounter();
     previousKernelTime_ = kernelTime_;
     previousUserTime_ = userTime_;
-    if (frequency_ == 0 || elapsed == 0) return 0;
 
+    const double busy = static_cast<double>(ticks) / processorCount_;
     const double seconds = static_cast<double>(elapsed) / static_cast<double>(frequency_);
     const double usage = busy / seconds / 100'000;  // 10,000,000 units a second are 100 percent
     return usage > 100 ? 100 : usage;

@@ -1,6 +1,7 @@
 #include "text/Case.h"
 
 #include <algorithm>
+#include <vector>
 
 #include "platform/CodePage.h"
 
@@ -8,7 +9,7 @@ namespace text {
 
 namespace {
 
-constexpr std::size_t kExtensionLength = 4;  // a dot and three letters
+constexpr std::size_t kExtensionLength = 4;  // characters: a dot and three letters
 
 bool IsAscii(std::string_view text) {
     return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
@@ -21,13 +22,23 @@ char UpperChar(char c) {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
 }
 
-// The name split behind its first character, which may be several bytes long. In a single-byte code page a byte
-// from 0x80 on is a whole character; a UTF-8 character is as long as it takes to be valid.
+// Bytes of the first character: the shortest beginning that the code page takes for whole characters. A byte that
+// belongs to no character stands for itself.
 std::size_t FirstCharacterLength(std::string_view name) {
     for (std::size_t length = 1; length <= 4 && length <= name.size(); ++length) {
         if (platform::isValidText(name.substr(0, length))) return length;
     }
     return name.empty() ? 0 : 1;
+}
+
+// Where the last `count` characters of the text begin; 0 when it has no more than that.
+std::size_t LastCharacters(std::string_view text, std::size_t count) {
+    if (IsAscii(text)) return text.size() - std::min(count, text.size());
+    // A character's length shows only from its front, so the beginnings are collected from the start on.
+    std::vector<std::size_t> beginnings;
+    for (std::size_t at = 0; at < text.size(); at += FirstCharacterLength(text.substr(at)))
+        beginnings.push_back(at);
+    return beginnings.size() <= count ? 0 : beginnings[beginnings.size() - count];
 }
 
 std::string FirstUpperRestLower(std::string_view name) {
@@ -63,14 +74,11 @@ std::string_view FileNameOf(std::string_view path) {
 std::string ProcessDisplayName(std::string_view fileName) {
     if (OneCase(fileName)) return FirstUpperRestLower(fileName);
     const std::size_t first = FirstCharacterLength(fileName);
-    std::string name = Upper(fileName.substr(0, first));
-    const std::string_view rest = fileName.substr(first);
-    if (rest.size() < kExtensionLength) return name + std::string(rest);
-    const std::size_t kept = rest.size() - kExtensionLength;
-    // An "extension" that would cut a character in two is none.
-    if (platform::isValidText(fileName) && !platform::isValidText(rest.substr(kept)))
-        return name + std::string(rest);
-    return name + std::string(rest.substr(0, kept)) + Lower(rest.substr(kept));
+    const std::string initial = Upper(fileName.substr(0, first));
+    const std::size_t extension = LastCharacters(fileName, kExtensionLength);
+    // Less than five characters hold no name with an extension: what follows the first one stays.
+    if (extension < first) return initial + std::string(fileName.substr(first));
+    return initial + std::string(fileName.substr(first, extension - first)) + Lower(fileName.substr(extension));
 }
 
 std::string FavoriteDisplayName(std::string_view fileName) {

@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
 #include <limits>
 
 #include "text/Case.h"
@@ -67,14 +68,9 @@ Scan ScanNumber(std::string_view text, bool grouped) {
     return scan;
 }
 
+// Beyond what a double holds: infinity or 0. The C locale stays in force all the time, so "." is the point.
 double ToDouble(const std::string& plain) {
-    double value = 0;
-    const auto result = std::from_chars(plain.data(), plain.data() + plain.size(), value);
-    if (result.ec != std::errc::result_out_of_range) return value;
-    // Too large or too small for a double: what follows "e" tells which.
-    const bool tiny = plain.find("e-") != std::string::npos;
-    const double huge = plain[0] == '-' ? -std::numeric_limits<double>::max() : std::numeric_limits<double>::max();
-    return tiny ? 0 : huge;
+    return std::strtod(plain.c_str(), nullptr);
 }
 
 template <class Integer>
