@@ -68,6 +68,7 @@ TEST_CASE("loading shows the profile in the file's order and leaves a sound file
     bench.favs.LoadFavorites();
     bench.favs.LoadFavorites();  // replaces, does not append
     CHECK(bench.Shown() == Names{"b.exe", std::string("x\0y.exe", 7)});
+    CHECK(bench.list.CellText(1, favorites::kColIcon) == "2");
     CHECK(bench.balloons.empty());
     for (const std::string& entry : sim::log()) CHECK(entry.find("writeFile") == std::string::npos);
     CHECK(bench.favs.Save());
