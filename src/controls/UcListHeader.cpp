@@ -1,9 +1,9 @@
 // The columns of a list model: widths, default captions, and their persisted text form.
 #include <algorithm>
 #include <charconv>
+#include <optional>
 
 #include "controls/UcListModel.h"
-#include "text/Case.h"
 #include "text/Numbers.h"
 
 namespace controls {
@@ -28,18 +28,10 @@ bool ReadNumber(std::string_view text, std::int32_t& number) {
     return true;
 }
 
-// "True" and "False" in any case, or a number that is not or is 0.
 bool ReadBoolean(std::string_view text, bool& value) {
-    const std::string word = text::Lower(text);
-    std::int32_t number = 0;
-    if (word == "true" || word == "false") {
-        value = word == "true";
-    } else if (ReadNumber(text, number)) {
-        value = number != 0;
-    } else {
-        return false;
-    }
-    return true;
+    const std::optional<bool> read = text::ToBool(text);
+    if (read) value = *read;
+    return read.has_value();
 }
 
 bool ReadAlign(std::string_view text, int& align) {
