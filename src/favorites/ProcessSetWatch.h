@@ -23,7 +23,6 @@ public:
     void TickDone();
     // The next Observe finds a change, whatever it sees.
     void ForceChange() { count_ = 0; }
-    std::int16_t Countdown() const { return countdown_; }
 
 private:
     std::uint32_t count_ = 0;
