@@ -31,6 +31,10 @@ Form1::~Form1() = default;
 
 void Form1::onPaint(platform::Canvas& canvas, const Rect& dirty) {
     canvas.fill(dirty, platform::systemColor(platform::SysColor::ButtonFace));
+    // The lists have no frame of their own. On the sides of the splitter it is the splitter's part.
+    for (const controls::UcList1* list : {&processList_, &favoritesControl_}) {
+        canvas.frame(list->bounds().inset(-1, -1), FrameColor());
+    }
 }
 
 void Form1::onSize(platform::Size, WindowState state) {

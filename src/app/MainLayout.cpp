@@ -44,21 +44,23 @@ MainLayout LayOutMain(platform::Size client, int splitter, const MainParts& part
     out.affinity = {out.toolBar2.right + kGap, stripTop, out.toolBar2.right + kGap + parts.affinityWidth,
                     stripBottom};
 
-    const int listTop = stripBottom + kStripPadding;
-    const int listBottom = std::max(listTop, client.height - kStatusHeight);
+    // One pixel around each list is left for its frame.
+    const int listTop = stripBottom + kStripPadding + 1;
+    const int statusTop = std::max(listTop, client.height - kStatusHeight);
+    const int listBottom = std::max(listTop, statusTop - 1);
     const int right = EffectiveSplitter(client.width, splitter);
     out.processList = {kMargin, listTop, right, listBottom};
     out.splitter = {right, listTop, right + kSplitterWidth, listBottom};
     out.favoritesList = {out.splitter.right, listTop, std::max(out.splitter.right, client.width - kMargin),
                          listBottom};
 
-    const int gaugeTop = listBottom + 3;
-    const int gaugeBottom = listBottom + kStatusHeight - 3;
+    const int gaugeTop = statusTop + 3;
+    const int gaugeBottom = statusTop + kStatusHeight - 3;
     const int cpuLeft = client.width - kMargin - parts.gaugeWidth;
     const int memoryLeft = cpuLeft - (parts.gaugeWidth > 0 ? kGap : 0) - parts.gaugeWidth;
     out.cpuGauge = {cpuLeft, gaugeTop, cpuLeft + parts.gaugeWidth, gaugeBottom};
     out.memoryGauge = {memoryLeft, gaugeTop, memoryLeft + parts.gaugeWidth, gaugeBottom};
-    out.status = {0, listBottom, memoryLeft, listBottom + kStatusHeight};
+    out.status = {0, statusTop, memoryLeft, statusTop + kStatusHeight};
     return out;
 }
 

@@ -6,6 +6,16 @@ using platform::MouseAction;
 using platform::MouseButton;
 using platform::Rect;
 
+platform::Color FrameColor() {
+    const platform::Color face = platform::systemColor(platform::SysColor::ButtonFace);
+    const platform::Color shadow = platform::systemColor(platform::SysColor::ButtonShadow);
+    platform::Color mixed = 0;
+    for (int shift = 0; shift <= 16; shift += 8) {
+        mixed |= ((face >> shift & 0xFF) + (shadow >> shift & 0xFF)) / 2 << shift;
+    }
+    return mixed;
+}
+
 bool Splitter::Create(platform::Window& parent, const std::string& instanceName, const Rect& bounds) {
     platform::WindowSpec spec;
     spec.className = "Splitter";
@@ -21,6 +31,8 @@ void Splitter::onPaint(platform::Canvas& canvas, const Rect& dirty) {
     canvas.fill(dirty, platform::systemColor(platform::SysColor::ButtonFace));
     // Three dots in the middle say that the bar can be dragged.
     const Rect area = Rect::fromSize({0, 0}, clientSize());
+    canvas.fill({0, 0, 1, area.bottom}, FrameColor());
+    canvas.fill({area.right - 1, 0, area.right, area.bottom}, FrameColor());
     const int x = area.width() / 2 - 1;
     for (int y = area.height() / 2 - 7; y <= area.height() / 2 + 5; y += 6) {
         canvas.fill({x, y, x + 2, y + 2}, platform::systemColor(platform::SysColor::ButtonShadow));

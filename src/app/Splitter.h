@@ -8,6 +8,9 @@
 
 namespace app {
 
+// Colour of the thin frames around the lists: between the desktop's face and shadow colours.
+platform::Color FrameColor();
+
 // Dragging it reports the wanted left edge (in the parent's client pixels) while the button is held. A lost
 // capture ends the drag where it is.
 class Splitter : public platform::Window {

@@ -35,6 +35,9 @@ TEST_CASE("processes are listed while they run") {
     Victim victim;
     std::vector<platform::ProcessId> ids(5000, 77777);
     REQUIRE(platform::enumerateProcesses(ids));
+    REQUIRE(ids.size() > 3);
+    CHECK(ids[0] == 0);  // the idle process
+    CHECK(ids[1] == 4);  // the system process
     CHECK(std::count(ids.begin(), ids.end(), victim.id()) == 1);
     CHECK(std::count(ids.begin(), ids.end(), platform::currentProcessId()) == 1);
     CHECK(std::count(ids.begin(), ids.end(), 77777u) == 0);

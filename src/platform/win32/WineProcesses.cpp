@@ -11,6 +11,8 @@ using QuerySystemInformation = LONG(WINAPI*)(ULONG, void*, ULONG, ULONG*);
 constexpr ULONG kProcessInformation = 5;
 constexpr LONG kInfoLengthMismatch = static_cast<LONG>(0xC0000004u);
 constexpr DWORD kFreshMilliseconds = 200;
+constexpr ProcessId kIdleProcess = 0;
+constexpr ProcessId kSystemProcess = 4;
 
 // The head of a record of the process table, for 32 and 64 bits alike.
 struct Record {
@@ -55,8 +57,9 @@ public:
 
     bool fresh() const { return !rows_.empty() && GetTickCount() - readAt_ < kFreshMilliseconds; }
 
+    // Wine has no idle and no system process; without them the first two real ones would be taken for them.
     void listIds(std::vector<ProcessId>& ids) const {
-        ids.clear();
+        ids = {kIdleProcess, kSystemProcess};
         for (const Row& row : rows_) ids.push_back(row.id);
     }
 
@@ -115,9 +118,10 @@ bool present() {
 }
 
 bool enumerateProcesses(std::vector<ProcessId>& ids) {
-    const bool done = table().read();
+    ids.clear();
+    if (!table().read()) return false;
     table().listIds(ids);
-    return done;
+    return true;
 }
 
 std::optional<ProcessTimes> processTimes(ProcessId id) {

@@ -13,7 +13,7 @@ namespace platform::wine {
 // True when this "Windows" is Wine. wine_get_version in ntdll.
 bool present();
 
-// The ids of all processes in the system's order, and a fresh table with them: EnumProcesses reads the very same
+// The ids of all processes, idle and system process first as on Windows, and a fresh table with them: EnumProcesses reads the very same
 // table, so this costs no more. False when the system refuses. NtQuerySystemInformation.
 bool enumerateProcesses(std::vector<ProcessId>& ids);
 
