@@ -155,7 +155,7 @@ const UcListLayout& UcList1::Layout() const {
 }
 
 UcListLook UcList1::Look() const {
-    static constexpr UcListProperties kNew;
+    static const UcListProperties kNew;
     UcListLook look;
     look.desktopText = properties_.backColor == kNew.backColor;
     look.back = OwnOr(properties_.backColor, kNew.backColor, SysColor::Window);
