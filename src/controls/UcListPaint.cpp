@@ -168,15 +168,15 @@ void UcListPaint::pvScrollbarDraw() {
     pvBarDraw(layout.vertical, kZoneUp, 0);
     pvBarDraw(layout.horizontal, kZoneLeft, 2);
     if (!layout.corner.empty() && canvas_.needsPaint(layout.corner)) {
-        pvDrawFilledRect(layout.corner, Mix(view_.look.bar, kWhite, 40));
+        pvDrawFilledRect(layout.corner, view_.look.bar);
     }
 }
 
 // Arrows and thumb lie on the track; styles up to 3 show them raised, later ones flat.
 void UcListPaint::pvBarDraw(const UcListBar& bar, int firstZone, int firstArrow) {
     if (!bar.visible || !canvas_.needsPaint(bar.area)) return;
-    const Color ground = Mix(view_.look.bar, kWhite, 40);
     const bool raised = view_.look.scrollbarDrawStyle < 4;
+    const Color ground = raised ? Mix(view_.look.bar, kWhite, 40) : view_.look.bar;
     const auto isPressed = [&](int part) { return view_.look.pressedZone == firstZone + part; };
     pvDrawFilledRect(bar.area, ground);
     if (isPressed(kTrack)) pvDrawFilledRect(bar.part[kTrack], Mix(ground, kBlack, 8));
@@ -186,7 +186,7 @@ void UcListPaint::pvBarDraw(const UcListBar& bar, int firstZone, int firstArrow)
         pvArrowDraw(area, firstArrow + arrow, isPressed(arrow));
     }
     const Rect& thumb = bar.part[kThumb];
-    pvButtonDraw(thumb, isPressed(kThumb), raised ? view_.look.bar : Mix(view_.look.bar, kBlack, 15));
+    pvButtonDraw(thumb, isPressed(kThumb), raised ? view_.look.bar : Mix(view_.look.bar, kBlack, 17));
 }
 
 void UcListPaint::pvButtonDraw(const Rect& area, bool pressed, Color color) {
