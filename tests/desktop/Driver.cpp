@@ -25,10 +25,27 @@ void SendKey(WORD key, bool up) {
     SendInput(1, &input, sizeof input);
 }
 
-void MovePointer(HWND window, Point at) {
-    POINT point{at.x, at.y};
-    ClientToScreen(window, &point);
-    SetCursorPos(point.x, point.y);
+// The window of the same thread that has the mouse.
+HWND CaptureOf(HWND window) {
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &info);
+    return info.hwndCapture;
+}
+
+// Moves the pointer and waits until it stays there: the display server reports each move once more and late. On a
+// busy machine such a report can still put the pointer back for a moment, so gestures are checked and repeated.
+void MovePointer(Point screen) {
+    SetCursorPos(screen.x, screen.y);
+    int inPlace = 0;
+    WaitFor(
+        [&] {
+            POINT at{};
+            GetCursorPos(&at);
+            inPlace = at.x == screen.x && at.y == screen.y ? inPlace + 1 : 0;
+            return inPlace == 5;
+        },
+        1000);
     SendMouse(MOUSEEVENTF_MOVE);  // SetCursorPos alone tells the window under the pointer nothing
 }
 
@@ -56,12 +73,15 @@ std::string OwnFolder() {
 }
 
 std::string ReadWholeFile(const std::string& path) {
+    // Whoever replaces the file at this moment must not be hindered.
+    HANDLE file = CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                              nullptr, OPEN_EXISTING, 0, nullptr);
+    if (file == INVALID_HANDLE_VALUE) return {};
     std::string content;
-    if (std::FILE* file = std::fopen(path.c_str(), "rb")) {
-        char buffer[4096];
-        while (const std::size_t count = std::fread(buffer, 1, sizeof buffer, file)) content.append(buffer, count);
-        std::fclose(file);
-    }
+    char buffer[4096];
+    DWORD count = 0;
+    while (ReadFile(file, buffer, sizeof buffer, &count, nullptr) && count > 0) content.append(buffer, count);
+    CloseHandle(file);
     return content;
 }
 
@@ -155,11 +175,15 @@ Picture::Picture(HWND window, const Rect& area) : width_(area.width()), height_(
     info.bmiHeader.biPlanes = 1;
     info.bmiHeader.biBitCount = 32;
     void* bits = nullptr;
-    HDC source = GetDC(window);
+    // Another process's child window gives nothing, but its top-level window does.
+    HWND top = GetAncestor(window, GA_ROOT);
+    POINT origin{area.left, area.top};
+    MapWindowPoints(window, top, &origin, 1);
+    HDC source = GetDC(top);
     HDC memory = CreateCompatibleDC(source);
     HBITMAP bitmap = CreateDIBSection(memory, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
     HGDIOBJ before = SelectObject(memory, bitmap);
-    BitBlt(memory, 0, 0, width_, height_, source, area.left, area.top, SRCCOPY);
+    BitBlt(memory, 0, 0, width_, height_, source, origin.x, origin.y, SRCCOPY);
     GdiFlush();
     const auto* first = static_cast<const std::uint32_t*>(bits);
     std::transform(first, first + pixels_.size(), pixels_.begin(),
@@ -167,7 +191,7 @@ Picture::Picture(HWND window, const Rect& area) : width_(area.width()), height_(
     SelectObject(memory, before);
     DeleteObject(bitmap);
     DeleteDC(memory);
-    ReleaseDC(window, source);
+    ReleaseDC(top, source);
 }
 
 std::uint32_t Picture::Background() const {
@@ -195,7 +219,13 @@ HWND WaitForWindow(const Process& process, const char* className, const char* ca
 }
 
 HWND Child(HWND parent, const char* className, const char* text) {
-    return FindWindowExA(parent, nullptr, className, text);
+    HWND child = nullptr;
+    while ((child = FindWindowExA(parent, child, className, nullptr)) != nullptr) {
+        char own[128] = "";
+        SendMessageA(child, WM_GETTEXT, sizeof own, reinterpret_cast<LPARAM>(own));  // FindWindowEx can't see it
+        if (std::string(own) == text) break;
+    }
+    return child;
 }
 
 Rect ScreenRect(HWND window) {
@@ -211,21 +241,39 @@ Rect ClientRect(HWND window) {
     return {0, 0, static_cast<int>(rect.right), static_cast<int>(rect.bottom)};
 }
 
+Point ToScreen(HWND window, Point at) {
+    POINT point{at.x, at.y};
+    ClientToScreen(window, &point);
+    return {static_cast<int>(point.x), static_cast<int>(point.y)};
+}
+
 void Click(HWND window, Point at) {
-    MovePointer(window, at);
+    MovePointer(ToScreen(window, at));
     SendMouse(MOUSEEVENTF_LEFTDOWN);
     SendMouse(MOUSEEVENTF_LEFTUP);
 }
 
-void Drag(HWND window, Point from, Point to) {
-    MovePointer(window, {(from.x + 2 * to.x) / 3, from.y});  // the way there shows the pointer shape in between
-    MovePointer(window, from);
-    SendMouse(MOUSEEVENTF_LEFTDOWN);
-    constexpr int kSteps = 6;
-    for (int step = 1; step <= kSteps; ++step) {
-        MovePointer(window, {from.x + (to.x - from.x) * step / kSteps, from.y + (to.y - from.y) * step / kSteps});
+bool Drag(HWND window, const std::function<Point()>& grip, Point end, const std::function<bool()>& arrived) {
+    for (int attempt = 0; attempt < 5 && !arrived(); ++attempt) {
+        MovePointer(grip());
+        SendMouse(MOUSEEVENTF_LEFTDOWN);
+        WaitFor([&] { return CaptureOf(window) == window; }, 2000);
+        MovePointer(end);
+        WaitFor(arrived, 2000);
+        SendMouse(MOUSEEVENTF_LEFTUP);
+        WaitFor([&] { return CaptureOf(window) == nullptr; }, 2000);
+        MovePointer({2, 2});
     }
-    SendMouse(MOUSEEVENTF_LEFTUP);
+    return arrived();
+}
+
+bool Repeat(const std::function<void(int aside)>& click, const std::function<bool()>& condition) {
+    for (int attempt = 0; attempt < 6; ++attempt) {
+        click(attempt % 2 * 12);
+        ParkPointer();
+        if (WaitFor(condition, 2000)) return true;
+    }
+    return false;
 }
 
 void PressKey(WORD key, bool withCtrl) {
@@ -236,8 +284,7 @@ void PressKey(WORD key, bool withCtrl) {
 }
 
 void ParkPointer() {
-    SetCursorPos(2, 2);
-    SendMouse(MOUSEEVENTF_MOVE);
+    MovePointer({2, 2});
 }
 
 }  // namespace desktop

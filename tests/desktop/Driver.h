@@ -77,11 +77,16 @@ HWND WaitForWindow(const Process& process, const char* className, const char* ca
 HWND Child(HWND parent, const char* className, const char* text);
 Rect ScreenRect(HWND window);
 Rect ClientRect(HWND window);
+Point ToScreen(HWND window, Point at);
 
 // Real input at a point of the window's client area. Two clicks at the same place within the double-click time are
 // a double click, as for a user.
 void Click(HWND window, Point at);
-void Drag(HWND window, Point from, Point to);
+// Drags what `window` shows at `grip` to `end` (screen pixels), again from where it is then until it has arrived.
+bool Drag(HWND window, const std::function<Point()>& grip, Point end, const std::function<bool()>& arrived);
+// Makes a click, with the pointer out of the way afterwards, and again until the condition holds. The clicks are
+// told how far beside the first they have to be so that no two are a double click.
+bool Repeat(const std::function<void(int aside)>& click, const std::function<bool()>& condition);
 void PressKey(WORD key, bool withCtrl = false);
 // Puts the pointer where it hovers over nothing.
 void ParkPointer();

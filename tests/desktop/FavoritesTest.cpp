@@ -33,8 +33,8 @@ TEST_CASE("Auto Set: a favourite started later gets its affinity and priority") 
         Session session(installation);
         REQUIRE(session.Started());
         Process early(installation.Target());
-        CHECK(WaitFor([&] { return early.PriorityClass() == NORMAL_PRIORITY_CLASS; }));
-        session.ClickToolBar1(kAutoSet);
+        CHECK(early.PriorityClass() == NORMAL_PRIORITY_CLASS);
+        CHECK(session.ToggleToolBar1(kAutoSet));
         CHECK(BecomesSet(early, 2, BELOW_NORMAL_PRIORITY_CLASS));
         Process late(installation.Target());
         CHECK(BecomesSet(late, 2, BELOW_NORMAL_PRIORITY_CLASS));
@@ -67,9 +67,9 @@ TEST_CASE("profile: a program that is killed leaves it whole") {
         const std::vector<std::string> names = FileNames(installation.Folder());
         Process program(installation.Folder() + "Kestrum2.exe");
         // At the first sign of the rewriting, whatever that is, or a little later.
-        WaitFor([&] {
+        CHECK(WaitFor([&] {
             return FileNames(installation.Folder()) != names || ReadWholeFile(installation.ProfilePath()) != full;
-        });
+        }));
         if (round % 2 == 1) WaitFor([&] { return ReadWholeFile(installation.ProfilePath()) == kept; });
         program.Kill();
         const std::string left = ReadWholeFile(installation.ProfilePath());

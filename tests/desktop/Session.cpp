@@ -16,10 +16,6 @@ controls::ToolBarLayout ToolBar1Layout() {
     return layout;
 }
 
-Point Center(const Rect& rect) {
-    return {(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
-}
-
 }  // namespace
 
 Installation::Installation() {
@@ -75,6 +71,23 @@ Picture List::Header() const {
     return {window_, {0, 0, client.right, kHeaderHeight}};
 }
 
+int List::FirstColumnEdge() const {
+    constexpr int kAboveText = 3, kRightOfIcon = 60;
+    const Picture header = Header();
+    int x = kRightOfIcon;
+    while (x < header.Width() - 1 && header.At(x, kAboveText) == header.At(kRightOfIcon, kAboveText)) ++x;
+    return x;
+}
+
+bool List::ClickRow(int slot) const {
+    const Rect row = Row(slot);
+    return Repeat(
+        [&](int aside) {
+            Click(window_, {row.left + 40 + aside, row.top + 8});
+        },
+        [&] { return Selected(slot); });
+}
+
 std::vector<Picture> List::Rows(int width) const {
     std::vector<Picture> rows;
     for (int slot = 0; slot < VisibleRows() && HasText(slot); ++slot) {
@@ -91,13 +104,24 @@ Session::Session(const Installation& installation)
     if (main_ == nullptr) return;
     processes_ = List(Child(main_, "UcList1", "UcList11"));
     favorites_ = List(Child(main_, "UcList1", "UcList12"));
+    toolBar1_ = Child(main_, "ToolBar", "ToolBar1");
+    splitter_ = Child(main_, nullptr, "SplitBar");
+    if (!processes_.Window() || !favorites_.Window() || !toolBar1_ || !splitter_) main_ = nullptr;
+    if (main_ == nullptr) return;
     SetForegroundWindow(main_);
     ParkPointer();
     WaitFor([this] { return processes_.HasText(2); });
 }
 
-void Session::ClickToolBar1(int button) const {
-    Click(Child(main_, "ToolBar", "ToolBar1"), Center(ToolBar1Layout().Button(button)));
+bool Session::ToggleToolBar1(int button) const {
+    const Rect rect = ToolBar1Layout().Button(button);
+    ParkPointer();
+    const Picture before(toolBar1_, rect);
+    return Repeat(
+        [&](int aside) {
+            Click(toolBar1_, {rect.left + 4 + aside, rect.top + 8});
+        },
+        [&] { return Picture(toolBar1_, rect) != before; });
 }
 
 bool Session::Close() {

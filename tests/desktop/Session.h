@@ -38,8 +38,12 @@ public:
     bool HasText(int slot) const;   // something is written in the row
     bool Selected(int slot) const;  // its background is not that of the list
     Picture Header() const;
+    // The line at the right edge of the first column's header cell, client pixels.
+    int FirstColumnEdge() const;
     // Rows that show something, top to bottom, without the columns whose values change by themselves.
     std::vector<Picture> Rows(int width) const;
+    // Clicks into the row until it is selected.
+    bool ClickRow(int slot) const;
     void ClickHeader(int x) const { Click(window_, {x, 10}); }
 
 private:
@@ -55,15 +59,18 @@ public:
     HWND Main() const { return main_; }
     const List& Processes() const { return processes_; }
     const List& Favorites() const { return favorites_; }
-    HWND Splitter() const { return Child(main_, nullptr, "SplitBar"); }
-    void ClickToolBar1(int button) const;
+    HWND Splitter() const { return splitter_; }
+    // Clicks a check button of ToolBar1 until it looks different than before.
+    bool ToggleToolBar1(int button) const;
     bool Running() const { return process_->Running(); }
     bool Close();  // ends the program as its user does; false when it doesn't end
     void Kill() { process_->Kill(); }
 
 private:
     std::unique_ptr<Process> process_;
-    HWND main_ = nullptr;
+    HWND main_ = nullptr;  // nullptr when the window or one of its parts is missing
+    HWND toolBar1_ = nullptr;
+    HWND splitter_ = nullptr;
     List processes_;
     List favorites_;
 };
