@@ -56,6 +56,15 @@ void setIcons(HWND hwnd, WindowData& data, int resource) {
     SendMessageA(hwnd, WM_SETICON, ICON_BIG, static_cast<LPARAM>(data.largeIcon.raw()));
 }
 
+// EnumChildWindows: cuts a control off from its object.
+BOOL CALLBACK silence(HWND child, LPARAM) {
+    WindowData* data = dataOf(child);
+    if (data == nullptr || data->window == nullptr) return TRUE;
+    WindowAccess::setNative(*data->window, nullptr);
+    data->window = nullptr;
+    return TRUE;
+}
+
 int showCode(ShowCommand command) {
     switch (command) {
         case ShowCommand::Show:
@@ -80,9 +89,11 @@ Window::~Window() {
     if (native_ == 0) return;
     const HWND hwnd = hwndOf(*this);
     if (WindowData* data = dataOf(hwnd)) {
-        // The derived part of the object is gone: no handler may run any more.
+        // The derived part of the object is gone, and maybe what its controls belong to: from here on none of
+        // their handlers may run.
         endModal(*data);
         data->window = nullptr;
+        EnumChildWindows(hwnd, silence, 0);
     }
     DestroyWindow(hwnd);
 }

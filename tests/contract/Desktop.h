@@ -1,0 +1,40 @@
+// The user, the desktop and the eye of contract tests: input that reaches a window as it would from Windows, and
+// the pixels that painting left. Implemented for the simulation (DesktopSim) and for Windows (DesktopWin32).
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/Window.h"
+
+namespace contract {
+
+// The colour shown at a client pixel, after what is invalid has been painted.
+platform::Color pixelAt(platform::Window& window, platform::Point at);
+
+// Moves the pointer; the events follow when the message loop runs.
+void movePointer(platform::Window& window, platform::Point at);
+void mouseDown(platform::Window& window, platform::Point at, platform::MouseButton button,
+               platform::Modifiers modifiers = {});
+void mouseUp(platform::Window& window, platform::Point at, platform::MouseButton button);
+void doubleClick(platform::Window& window, platform::Point at);  // left: down, up, double click, up
+void wheel(platform::Window& window, platform::Point at, int delta);
+// A key goes down and up again in the window that has the focus.
+void pressKey(std::uint16_t code, platform::Modifiers modifiers = {});
+void closeBox(platform::Window& window);
+// Lets the user drag the frame of a main window to these bounds.
+void dragFrame(platform::Window& window, const platform::Rect& bounds);
+void dropFiles(platform::Window& window, const std::vector<std::string>& paths);
+void changeSystemColors(platform::Window& main);  // as told to a top-level window
+void restartShell(platform::Window& main);        // likewise
+void endSession(platform::Window& main);          // likewise
+
+// runModal, with `script` run once the dialog is up: it must end the dialog.
+void runModal(platform::Window& dialog, platform::Window& owner, std::function<void()> script);
+
+// A program file that has an icon.
+std::string programWithIcon();
+
+}  // namespace contract

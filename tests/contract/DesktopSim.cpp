@@ -1,0 +1,74 @@
+#include "contract/Desktop.h"
+#include "platform/Files.h"
+#include "platform/Machine.h"
+#include "platform/sim/Sim.h"
+
+namespace contract {
+
+namespace sim = platform::sim;
+using platform::Point;
+using platform::Window;
+
+platform::Color pixelAt(Window& window, Point at) {
+    window.update();
+    return sim::pixelAt(window, at);
+}
+
+void movePointer(Window& window, Point at) {
+    sim::setPointer(window, at);
+}
+
+void mouseDown(Window& window, Point at, platform::MouseButton button, platform::Modifiers modifiers) {
+    sim::mouseDown(window, at, button, modifiers);
+}
+
+void mouseUp(Window& window, Point at, platform::MouseButton button) {
+    sim::mouseUp(window, at, button);
+}
+
+void doubleClick(Window& window, Point at) {
+    sim::doubleClick(window, at);
+}
+
+void wheel(Window& window, Point at, int delta) {
+    sim::wheel(window, at, delta);
+}
+
+void pressKey(std::uint16_t code, platform::Modifiers modifiers) {
+    sim::pressKey(code, modifiers);
+}
+
+void closeBox(Window& window) {
+    sim::closeBox(window);
+}
+
+void dragFrame(Window& window, const platform::Rect& bounds) {
+    sim::dragFrame(window, bounds);
+}
+
+void dropFiles(Window& window, const std::vector<std::string>& paths) {
+    sim::dropFiles(window, paths);
+}
+
+void changeSystemColors(Window&) {
+    sim::setSystemColor(platform::SysColor::Window, platform::systemColor(platform::SysColor::Window));
+}
+
+void restartShell(Window&) {
+    sim::restartShell();
+}
+
+void endSession(Window&) {
+    sim::endSession();
+}
+
+void runModal(Window& dialog, Window& owner, std::function<void()> script) {
+    sim::whenModal([script](Window&) { script(); });
+    platform::runModal(dialog, owner);
+}
+
+std::string programWithIcon() {
+    return platform::programPath();
+}
+
+}  // namespace contract

@@ -1,0 +1,153 @@
+#include "contract/Desktop.h"
+#include "platform/Machine.h"
+#include "platform/Timer.h"
+#include "platform/win32/Win32.h"
+
+#include <shellapi.h>
+#include <shlobj.h>
+
+#include <cstring>
+
+namespace contract {
+
+using platform::MouseButton;
+using platform::Point;
+using platform::Window;
+
+namespace {
+
+HWND hwndOf(const Window& window) {
+    return reinterpret_cast<HWND>(window.native());
+}
+
+LPARAM packed(Point at) {
+    return MAKELPARAM(at.x, at.y);
+}
+
+WPARAM heldKeys(platform::Modifiers modifiers) {
+    return (modifiers.shift ? MK_SHIFT : 0U) | (modifiers.ctrl ? MK_CONTROL : 0U);
+}
+
+// The first message of a button; up and double click are the next two.
+UINT firstMessageOf(MouseButton button) {
+    if (button == MouseButton::Right) return WM_RBUTTONDOWN;
+    return button == MouseButton::Middle ? WM_MBUTTONDOWN : WM_LBUTTONDOWN;
+}
+
+WPARAM flagOf(MouseButton button) {
+    if (button == MouseButton::Right) return MK_RBUTTON;
+    return button == MouseButton::Middle ? MK_MBUTTON : MK_LBUTTON;
+}
+
+// The keyboard as this thread sees it.
+void hold(int code, bool down) {
+    BYTE keys[256] = {};
+    GetKeyboardState(keys);
+    keys[code] = down ? 0x80 : 0;
+    SetKeyboardState(keys);
+}
+
+void holdAll(platform::Modifiers modifiers) {
+    hold(VK_SHIFT, modifiers.shift);
+    hold(VK_CONTROL, modifiers.ctrl);
+    hold(VK_MENU, modifiers.alt);
+}
+
+}  // namespace
+
+platform::Color pixelAt(Window& window, Point at) {
+    window.update();
+    const HDC dc = GetDC(hwndOf(window));
+    const COLORREF color = GetPixel(dc, at.x, at.y);
+    ReleaseDC(hwndOf(window), dc);
+    return color;
+}
+
+void movePointer(Window& window, Point at) {
+    const Point screen = window.toScreen(at);
+    SetCursorPos(screen.x, screen.y);
+}
+
+void mouseDown(Window& window, Point at, MouseButton button, platform::Modifiers modifiers) {
+    SendMessageA(hwndOf(window), firstMessageOf(button), flagOf(button) | heldKeys(modifiers), packed(at));
+}
+
+void mouseUp(Window& window, Point at, MouseButton button) {
+    SendMessageA(hwndOf(window), firstMessageOf(button) + 1, 0, packed(at));
+}
+
+void doubleClick(Window& window, Point at) {
+    const HWND hwnd = hwndOf(window);
+    SendMessageA(hwnd, WM_LBUTTONDOWN, MK_LBUTTON, packed(at));
+    SendMessageA(hwnd, WM_LBUTTONUP, 0, packed(at));
+    SendMessageA(hwnd, WM_LBUTTONDBLCLK, MK_LBUTTON, packed(at));
+    SendMessageA(hwnd, WM_LBUTTONUP, 0, packed(at));
+}
+
+// As old Windows does it: the message goes to the window with the focus, wherever the pointer is.
+void wheel(Window& window, Point at, int delta) {
+    const HWND focus = GetFocus() != nullptr ? GetFocus() : hwndOf(window);
+    PostMessageA(focus, WM_MOUSEWHEEL, MAKEWPARAM(0, delta), packed(window.toScreen(at)));
+    platform::pumpMessages();
+}
+
+void pressKey(std::uint16_t code, platform::Modifiers modifiers) {
+    holdAll(modifiers);
+    SendMessageA(GetFocus(), WM_KEYDOWN, code, 0);
+    SendMessageA(GetFocus(), WM_KEYUP, code, 0);
+    holdAll({});
+}
+
+void closeBox(Window& window) {
+    SendMessageA(hwndOf(window), WM_SYSCOMMAND, SC_CLOSE, 0);
+}
+
+void dragFrame(Window& window, const platform::Rect& bounds) {
+    // What a drag of the frame ends with: the limits are asked for and kept to.
+    SetWindowPos(hwndOf(window), nullptr, bounds.left, bounds.top, bounds.width(), bounds.height(), SWP_NOZORDER);
+}
+
+void dropFiles(Window& window, const std::vector<std::string>& paths) {
+    if ((GetWindowLongA(hwndOf(window), GWL_EXSTYLE) & WS_EX_ACCEPTFILES) == 0) return;
+    std::string names;
+    for (const std::string& path : paths) names.append(path.c_str(), path.size() + 1);
+    names.push_back('\0');
+    DROPFILES header{};
+    header.pFiles = sizeof header;
+    const HGLOBAL drop = GlobalAlloc(GHND, sizeof header + names.size());
+    auto* content = static_cast<char*>(GlobalLock(drop));
+    std::memcpy(content, &header, sizeof header);
+    std::memcpy(content + sizeof header, names.data(), names.size());
+    GlobalUnlock(drop);
+    SendMessageA(hwndOf(window), WM_DROPFILES, reinterpret_cast<WPARAM>(drop), 0);
+}
+
+void changeSystemColors(Window& main) {
+    SendMessageA(hwndOf(main), WM_SYSCOLORCHANGE, 0, 0);
+}
+
+void restartShell(Window& main) {
+    SendMessageA(hwndOf(main), RegisterWindowMessageA("TaskbarCreated"), 0, 0);
+}
+
+void endSession(Window& main) {
+    if (SendMessageA(hwndOf(main), WM_QUERYENDSESSION, 0, 0) == FALSE) return;
+    SendMessageA(hwndOf(main), WM_ENDSESSION, FALSE, 0);  // another program said no
+    SendMessageA(hwndOf(main), WM_ENDSESSION, TRUE, 0);
+}
+
+void runModal(Window& dialog, Window& owner, std::function<void()> script) {
+    platform::TimerHandle timer;
+    timer = platform::startTimer(50, [&timer, script](std::uintptr_t) {
+        const std::function<void()> run = script;  // closing the timer may take this closure along
+        timer.reset();
+        run();
+    });
+    platform::runModal(dialog, owner);
+}
+
+std::string programWithIcon() {
+    return platform::windowsDirectory() + "\\notepad.exe";
+}
+
+}  // namespace contract
