@@ -100,8 +100,8 @@ std::optional<std::string> moduleFileName(const ProcessHandle& process) {
 
 std::optional<ProcessTimes> processTimes(const ProcessHandle& process) {
     if (wine::present()) {
-        // GetProcessId asks for the same right as GetProcessTimes, so a handle without it fails here, too.
-        const ProcessId id = GetProcessId(handleOf(process));
+        // Asking for the id takes the same right as asking for the times, so a handle without it fails here, too.
+        const ProcessId id = wine::processId(handleOf(process));
         if (id == 0) return std::nullopt;
         if (id != GetCurrentProcessId()) return wine::processTimes(id);
     }

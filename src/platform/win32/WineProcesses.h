@@ -13,8 +13,11 @@ namespace platform::wine {
 // True when this "Windows" is Wine. wine_get_version in ntdll.
 bool present();
 
-// The ids of all processes, idle and system process first as on Windows, and a fresh table with them: EnumProcesses reads the very same
-// table, so this costs no more. False when the system refuses. NtQuerySystemInformation.
+// The id of the process behind a handle; 0 when the handle lacks the right 0x400. GetProcessId.
+ProcessId processId(HANDLE process);
+
+// The ids of all processes, idle and system process first as on Windows, and a fresh table with them: EnumProcesses
+// reads the very same table, so this costs no more. False when the system refuses. NtQuerySystemInformation.
 bool enumerateProcesses(std::vector<ProcessId>& ids);
 
 // Times of a process from the table, read anew unless it is quite fresh (an enumeration was just made).
