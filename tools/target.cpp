@@ -17,6 +17,7 @@ void ShowTargetWindow() {
     WNDCLASSA windowClass{};
     windowClass.lpfnWndProc = WindowProc;
     windowClass.hInstance = GetModuleHandleA(nullptr);
+    windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
     windowClass.lpszClassName = "KestrumTarget";
     RegisterClassA(&windowClass);
     char title[64];

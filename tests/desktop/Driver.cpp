@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <map>
 
 namespace desktop {
 
@@ -73,15 +72,12 @@ std::string OwnFolder() {
 }
 
 std::string ReadWholeFile(const std::string& path) {
-    // Whoever replaces the file at this moment must not be hindered.
-    HANDLE file = CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                              nullptr, OPEN_EXISTING, 0, nullptr);
-    if (file == INVALID_HANDLE_VALUE) return {};
     std::string content;
-    char buffer[4096];
-    DWORD count = 0;
-    while (ReadFile(file, buffer, sizeof buffer, &count, nullptr) && count > 0) content.append(buffer, count);
-    CloseHandle(file);
+    if (std::FILE* file = std::fopen(path.c_str(), "rb")) {
+        char buffer[4096];
+        while (const std::size_t count = std::fread(buffer, 1, sizeof buffer, file)) content.append(buffer, count);
+        std::fclose(file);
+    }
     return content;
 }
 
@@ -92,17 +88,16 @@ void WriteWholeFile(const std::string& path, const std::string& content) {
     }
 }
 
-std::vector<std::string> FileNames(const std::string& folder) {
-    std::vector<std::string> names;
+std::map<std::string, std::size_t> FileSizes(const std::string& folder) {
+    std::map<std::string, std::size_t> sizes;
     WIN32_FIND_DATAA found;
     HANDLE search = FindFirstFileA((folder + "*").c_str(), &found);
-    if (search == INVALID_HANDLE_VALUE) return names;
+    if (search == INVALID_HANDLE_VALUE) return sizes;
     do {
-        names.push_back(found.cFileName);
+        sizes[found.cFileName] = found.nFileSizeLow;
     } while (FindNextFileA(search, &found));
     FindClose(search);
-    std::sort(names.begin(), names.end());
-    return names;
+    return sizes;
 }
 
 std::optional<std::string> ReadSetting(const std::string& key) {

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -29,7 +30,8 @@ std::string OwnFolder();
 
 std::string ReadWholeFile(const std::string& path);
 void WriteWholeFile(const std::string& path, const std::string& content);
-std::vector<std::string> FileNames(const std::string& folder);
+// Names and sizes of a folder's files. Opens none of them: an open file can't be replaced.
+std::map<std::string, std::size_t> FileSizes(const std::string& folder);
 
 // The program's settings section. Read gives nullopt for a missing value.
 std::optional<std::string> ReadSetting(const std::string& key);
