@@ -46,7 +46,8 @@ std::string FormatWindowPosition(const platform::Rect& bounds) {
 platform::Rect ReachableBounds(const platform::Rect& bounds) {
     // What was stored holds as long as the caption can be caught, even where the rest leaves the screen: the user
     // may have put it there. A screen that is gone since must not take the window with it.
-    const platform::Rect caption{bounds.left, bounds.top, bounds.right, bounds.top + kCaptionHeight};
+    const platform::Rect caption{bounds.left, bounds.top, bounds.right,
+                                 std::min(bounds.bottom, bounds.top + kCaptionHeight)};
     const bool absurd = bounds.width() >= kFarthest || bounds.height() >= kFarthest;
     if (!absurd && platform::onAnyScreen(caption)) return bounds;
 

@@ -43,6 +43,7 @@ TEST_CASE("a stored position is applied as it is, or not at all, or where it can
         {"5000,5000,800,600", true, {480, 170, 1280, 770}},  // a screen that is gone
         {"-3000,100,800,600", true, {0, 100, 800, 700}},
         {"10,-590,800,600", true, {10, 0, 810, 600}},  // only the foot would be seen
+        {"10,-9,800,3", true, {10, 0, 810, 3}},        // less than a caption high, and above the screen
         {"5000,0,4000,3000", true, {0, 0, 1280, 770}},
         {"10,20,2000000000,2000000000", true, {0, 0, 1280, 770}},
         {"2000000000,-2000000000,99999999999,600", true, {0, 0, 1280, 600}},
