@@ -20,6 +20,9 @@ bool moveFileOver(const std::string& from, const std::string& to);
 bool deleteFile(const std::string& path);
 // True for an existing file, false for a folder, nothing, or any error. GetFileAttributesA.
 bool fileExists(const std::string& path);
+// True when it is certain that nothing has this path; false when something has, or it cannot be told (denied,
+// network away). GetFileAttributesA.
+bool fileMissing(const std::string& path);
 // Names (no folder part) of the files in `folder` (with trailing "\") that match `pattern` such as "*.bmp".
 // FindFirstFileA.
 std::vector<std::string> listFiles(const std::string& folder, const std::string& pattern);

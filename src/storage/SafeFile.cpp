@@ -7,7 +7,7 @@ namespace storage {
 ReadResult ReadWhole(const std::string& path, std::string& content) {
     std::optional<std::string> whole = platform::readFile(path);
     content.clear();
-    if (!whole) return platform::fileExists(path) ? ReadResult::Failed : ReadResult::Missing;
+    if (!whole) return platform::fileMissing(path) ? ReadResult::Missing : ReadResult::Failed;
     content = std::move(*whole);
     return ReadResult::Read;
 }

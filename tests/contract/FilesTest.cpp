@@ -28,6 +28,9 @@ TEST_CASE("files keep what is written") {
     contract::freshMachine();
     const std::string path = contract::scratchFolder() + "file.txt";
     CHECK_FALSE(platform::fileExists(path));
+    CHECK(platform::fileMissing(path));
+    CHECK(platform::fileMissing(contract::scratchFolder() + "no folder\\file"));
+    CHECK_FALSE(platform::fileMissing(contract::scratchFolder()));
     CHECK_FALSE(platform::readFile(path));
 
     // Each replaces the one before, longer ones included.
@@ -36,6 +39,7 @@ TEST_CASE("files keep what is written") {
         CHECK(platform::writeFile(path, content));
         CHECK(platform::readFile(path) == content);
         CHECK(platform::fileExists(path));
+        CHECK_FALSE(platform::fileMissing(path));
     }
 
     CHECK(platform::writeFile(path, "12345"));

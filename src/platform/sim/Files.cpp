@@ -161,6 +161,10 @@ bool fileExists(const std::string& path) {
     return entry != nullptr && !entry->folder;
 }
 
+bool fileMissing(const std::string& path) {
+    return findEntry(pathKey(path)) == nullptr;
+}
+
 std::vector<std::string> listFiles(const std::string& folder, const std::string& pattern) {
     std::vector<std::string> names;
     const std::string key = pathKey(folder);

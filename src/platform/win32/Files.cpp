@@ -101,6 +101,13 @@ bool fileExists(const std::string& path) {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
+bool fileMissing(const std::string& path) {
+    if (namesNothing(path)) return true;
+    if (GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES) return false;
+    const DWORD error = GetLastError();
+    return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND;
+}
+
 std::vector<std::string> listFiles(const std::string& folder, const std::string& pattern) {
     std::vector<std::string> names;
     const std::string searched = folder + pattern;
