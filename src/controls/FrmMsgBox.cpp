@@ -66,8 +66,14 @@ public:
     }
 
     void FocusDefault() { (question_ ? cmdYes_ : cmdOkNo_).focus(); }
+    // The user ended it: by a button, a key, or the close box of the frame.
+    bool EndedByUser() const { return endedByUser_; }
 
 protected:
+    void onClose() override {
+        endedByUser_ = true;
+        destroy();
+    }
     void onPaint(Canvas& canvas, const Rect&) override {
         // Dark above, light below: the text and the buttons stand on the lighter part.
         canvas.gradient(Rect::fromSize({0, 0}, clientSize()), kGroundTop, kGroundBottom,
@@ -135,10 +141,12 @@ private:
 
     void Answer(int answer) {
         answer_ = answer;
+        endedByUser_ = true;
         destroy();
     }
 
     int& answer_;
+    bool endedByUser_ = false;
     bool question_ = false;
     bool focusYes_ = false;
     platform::PictureHandle icons_;
@@ -152,12 +160,13 @@ private:
 int MsgBoxes::Show(const std::string& text, MsgStyle style, const std::string& title, platform::Window& owner,
                    bool sound) {
     FrmMsgBox box(answer_);
-    if (!box.Create(text, style, title, owner)) return answer_;
+    if (!box.Create(text, style, title, owner)) return kMsgNo;
     if (sound && style == MsgStyle::Information) platform::beep();
     if (sound && style == MsgStyle::Question) platform::playSound("SystemQuestion");
     box.FocusDefault();
     platform::runModal(box, owner);
-    return answer_;
+    // A question that went with its owner was never answered; an old Yes must not stand in for it.
+    return box.EndedByUser() ? answer_ : kMsgNo;
 }
 
 }  // namespace controls

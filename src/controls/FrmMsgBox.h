@@ -16,9 +16,9 @@ inline constexpr int kMsgNo = 7;  // also the answer of OK
 class MsgBoxes {
 public:
     // Shows `text` in a dialog captioned `title` over `owner`, waits until it is closed, and gives kMsgYes or
-    // kMsgNo. A box ended by the close box of its frame, or one that cannot be made, gives the answer of the
-    // box before it (0 before the first). `sound`: with the default beep (a note) or the sound "SystemQuestion".
-    // Timers go on firing while the box is open.
+    // kMsgNo. A box ended by the close box of its frame gives the answer of the box before it (0 before the
+    // first); one that cannot be made, or goes with its owner, gives kMsgNo. `sound`: with the default beep (a
+    // note) or the sound "SystemQuestion". Timers go on firing while the box is open.
     int Show(const std::string& text, MsgStyle style, const std::string& title, platform::Window& owner,
              bool sound);
     int LastAnswer() const { return answer_; }

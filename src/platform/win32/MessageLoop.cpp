@@ -24,7 +24,7 @@ void dispatch(MSG& message) {
 }
 
 void beginModal(HWND dialog, HWND owner) {
-    if (const HWND capturing = GetCapture()) SendMessageA(capturing, WM_CANCELMODE, 0, 0);
+    cancelCapture();
     WindowData* data = dataOf(dialog);
     if (data == nullptr || owner == nullptr || !IsWindowEnabled(owner)) return;
     EnableWindow(owner, FALSE);
@@ -32,6 +32,10 @@ void beginModal(HWND dialog, HWND owner) {
 }
 
 }  // namespace
+
+void cancelCapture() {
+    if (const HWND capturing = GetCapture()) SendMessageA(capturing, WM_CANCELMODE, 0, 0);
+}
 
 void endModal(WindowData& data) {
     const HWND owner = data.modalOwner;

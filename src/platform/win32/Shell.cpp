@@ -2,6 +2,7 @@
 
 #include "platform/Window.h"
 #include "platform/win32/Win32.h"
+#include "platform/win32/WindowData.h"
 
 #include <commdlg.h>
 #include <shellapi.h>
@@ -32,6 +33,7 @@ std::optional<std::string> chooseFile(Window& owner, const std::string& title, c
     request.lpstrTitle = title.c_str();
     // Without NOCHANGEDIR the chooser would leave the program in the folder chosen from.
     request.Flags = OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
+    cancelCapture();
     if (GetOpenFileNameA(&request) == 0) return std::nullopt;
     return std::string(path);
 }

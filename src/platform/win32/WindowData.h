@@ -12,7 +12,6 @@ struct WindowData {
     WindowKind kind = WindowKind::Child;
     WNDPROC base = nullptr;  // takes what is not decoded here: DefWindowProcA, or the dialog class' own
     Pointer pointer = Pointer::Arrow;
-    bool trackingLeave = false;       // WM_MOUSELEAVE has been asked for
     bool capturing = false;           // by capture(); Windows itself captures too, for frames and menus
     bool leftWhileCapturing = false;  // the pointer; to be told when the capture ends
     HWND focusToRestore = nullptr;    // the child that had the focus when the window was deactivated
@@ -76,6 +75,8 @@ void focusNextTabStop(HWND root, HWND current, bool backwards);
 
 // Enables the owner of a modal window again. Must come before the window goes: Windows hands the activation to
 // another program when the owner is still disabled.
+// Takes the mouse from the window that captures it: a modal window must get every click.
+void cancelCapture();
 void endModal(WindowData& data);
 
 }  // namespace platform
