@@ -36,7 +36,9 @@ Instances ReadInstances(const process::ProcessSnapshot& snapshot, const process:
 // True when something differed and was set, or tried to.
 bool ApplyTo(platform::ProcessId id, const Favorite& favorite, process::ProcessAccess& access) {
     bool changed = false;
-    if (process::AffinityText(access.GetAffinity(id), access.HighestCpu()) != favorite.affinity) {
+    // A favourite without a processor asks for nothing that could be set: trying it would only fail each time.
+    if (!favorite.affinity.empty() &&
+        process::AffinityText(access.GetAffinity(id), access.HighestCpu()) != favorite.affinity) {
         access.SetAffinity(id, favorite.affinity);
         changed = true;
     }

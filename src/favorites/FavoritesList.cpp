@@ -4,7 +4,6 @@
 
 #include "favorites/ProfileFile.h"
 #include "favorites/Profiles.h"
-#include "platform/CodePage.h"
 #include "platform/Files.h"
 #include "text/Case.h"
 #include "text/Numbers.h"
@@ -27,7 +26,7 @@ private:
 };
 
 bool IsProgram(const std::string& path) {
-    const std::string lower = platform::lowerCase(path);
+    const std::string lower = text::Lower(path);
     const std::size_t dot = lower.rfind('.');
     if (dot == std::string::npos) return false;
     const std::string_view extension = std::string_view(lower).substr(dot);
@@ -60,6 +59,7 @@ void FavoritesList::LoadFavorites() {
     icons_.Release();
     const std::string path = ProfilePath(baseFolder_, favName_);
     const LoadedProfile loaded = LoadProfile(path);
+    unsaved_ = false;
     // The list is empty then, but the user's favourites are still in that file: nothing may take them away.
     unreadableProfile_ = loaded.unreadable ? path : "";
     for (const Favorite& favorite : loaded.rows) AddRow(favorite);
@@ -72,9 +72,9 @@ void FavoritesList::LoadFavorites() {
 AddFavResult FavoritesList::AddFav(const std::string& path, const std::string& affinityText) {
     if (!IsProgram(path)) return AddFavResult::BadExtension;
     if (!platform::fileExists(path)) return AddFavResult::Missing;
-    const std::string identity = platform::lowerCase(path);
+    const std::string identity = text::Lower(path);
     for (int row = 0; row < Count(); ++row) {
-        if (platform::lowerCase(list_.CellText(row, kColPath)) == identity) return AddFavResult::Duplicate;
+        if (text::Lower(list_.CellText(row, kColPath)) == identity) return AddFavResult::Duplicate;
     }
     icons_.Make(path);
     const LockedList locked(list_);
@@ -87,18 +87,20 @@ AddFavResult FavoritesList::AddFav(const std::string& path, const std::string& a
 bool FavoritesList::Save() {
     const std::string path = ProfilePath(baseFolder_, favName_);
     if (path == unreadableProfile_) return false;
-    return SaveProfile(path, Rows());
+    unsaved_ = !SaveProfile(path, Rows());
+    return !unsaved_;
 }
 
 int FavoritesList::RemoveSelected() {
+    const LockedList locked(list_);
+    const int top = list_.TopIndex();
     int removed = 0;
-    {
-        const LockedList locked(list_);
-        for (int row = Count() - 1; row >= 0; --row) {
-            if (!list_.Selected(row)) continue;
-            list_.RemoveItem(row);
-            ++removed;
-        }
+    int first = 0;
+    for (int row = Count() - 1; row >= 0; --row) {
+        if (!list_.Selected(row)) continue;
+        list_.RemoveItem(row);
+        first = row;
+        ++removed;
     }
     if (removed == 0) return 0;
     // When the file could not be written, loading it would bring the rows back: the list stays as the user wants
@@ -108,6 +110,9 @@ int FavoritesList::RemoveSelected() {
         LoadFavorites();
         SortFavs();
     }
+    // The user stays where they were, on the row that moved up.
+    list_.SelectItem(std::min(first, Count() - 1), true);
+    list_.SetTopIndex(top);
     return removed;
 }
 

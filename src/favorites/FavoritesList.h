@@ -43,7 +43,6 @@ public:
     FavoritesList& operator=(const FavoritesList&) = delete;
 
     // The current profile, "My Favs 1" at first. Setting it loads nothing.
-    const std::string& FavName() const { return favName_; }
     void SetFavName(const std::string& name) { favName_ = name; }
 
     // Fills the list from the profile's file, in the file's order. Favourites whose program is missing leave
@@ -54,6 +53,10 @@ public:
     // Writes the list to the profile's file. False on failure, and when the file was there but could not be
     // read at the last load.
     bool Save();
+    // Tries once more what the last save could not write.
+    void SavePending() {
+        if (unsaved_) Save();
+    }
     // Removes the selected rows, saves, and drops the icons nobody needs any more; how many rows went.
     int RemoveSelected();
 
@@ -77,6 +80,7 @@ private:
     BalloonCall balloon_;
     IconCache icons_;
     std::string favName_;
+    bool unsaved_ = false;
     std::string unreadableProfile_;  // a file that could not be read: never written over
     int sortColumn_ = 0;
     bool sortAscending_ = true;

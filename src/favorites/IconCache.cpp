@@ -2,8 +2,8 @@
 
 #include <set>
 
+#include "controls/Resources.h"
 #include "favorites/Profiles.h"
-#include "platform/CodePage.h"
 #include "platform/Files.h"
 #include "storage/SafeFile.h"
 #include "text/Case.h"
@@ -13,7 +13,6 @@ namespace favorites {
 namespace {
 
 constexpr char kBitmap[] = ".bmp";
-constexpr int kDefaultIcon = 2;             // resource
 constexpr std::size_t kMostPictures = 256;  // of a system-wide limited kind of object
 
 bool Usable(const platform::PictureHandle& picture) {
@@ -27,7 +26,7 @@ bool CollectNames(const std::string& profilePath, std::set<std::string, std::les
     if (storage::ReadWhole(profilePath, content) == storage::ReadResult::Failed) return false;
     for (const std::string_view line : storage::SplitLines(content)) {
         const std::size_t tab = line.find('\t');
-        if (tab != std::string_view::npos) names.insert(platform::lowerCase(line.substr(0, tab)));
+        if (tab != std::string_view::npos) names.insert(text::Lower(line.substr(0, tab)));
     }
     return true;
 }
@@ -42,13 +41,13 @@ void IconCache::Release() {
 }
 
 int IconCache::Add(const std::string& fileName) {
-    strip_.push_back(platform::lowerCase(fileName));
+    strip_.push_back(text::Lower(fileName));
     return static_cast<int>(strip_.size());
 }
 
 const platform::PictureHandle& IconCache::At(int index) {
     if (!default_) {
-        const platform::IconHandle icon = platform::loadIconResource(kDefaultIcon, kIconSize);
+        const platform::IconHandle icon = platform::loadIconResource(controls::kDefaultIcon, kIconSize);
         if (icon) default_ = platform::pictureFromIcon(icon.raw(), kIconSize);
     }
     if (index < 1 || static_cast<std::size_t>(index) > strip_.size()) return default_;
@@ -64,7 +63,7 @@ const platform::PictureHandle& IconCache::At(int index) {
 }
 
 void IconCache::Make(const std::string& programPath) {
-    const std::string key = platform::lowerCase(text::FileNameOf(programPath));
+    const std::string key = text::Lower(text::FileNameOf(programPath));
     const std::string file = FileOf(key);
     // A bitmap that is damaged, or not one of ours, counts as none.
     if (Usable(platform::loadPictureFile(file))) return;
@@ -81,7 +80,7 @@ void IconCache::CleanUp() const {
     }
     const std::string folder = CacheFolder(baseFolder_);
     for (const std::string& file : platform::listFiles(folder, "*.bmp")) {
-        const std::string lower = platform::lowerCase(file);
+        const std::string lower = text::Lower(file);
         // The pattern also finds files by their short names, whose extension may be a longer one.
         if (!lower.ends_with(kBitmap)) continue;
         if (!names.contains(lower.substr(0, lower.size() - 4))) platform::deleteFile(folder + file);

@@ -128,10 +128,16 @@ TEST_CASE("failed sets are counted, run by run, and reported once") {
     }
     SUBCASE("settings that no processor or class bears") {
         sim::findProcess(id)->deniedRights = 0;
-        const ApplyResult result = bench.Apply({{"Chess.exe", "", "normal", kGame, ""}});
+        const ApplyResult result = bench.Apply({{"Chess.exe", "9", "normal", kGame, ""}});
         CHECK(result.affinityErrors == 1);
         CHECK(result.priorityErrors == 1);
         CHECK(Bench::Mask(id) == 0xF);
+    }
+    SUBCASE("no processor at all asks for nothing") {
+        sim::findProcess(id)->deniedRights = 0;
+        const ApplyResult result = bench.Apply({{"Chess.exe", "", "Default", kGame, ""}});
+        CHECK_FALSE(result.changed);
+        CHECK_FALSE(result.Failed());
     }
     SUBCASE("nothing to do") {
         CHECK_FALSE(bench.Apply({}).Failed());

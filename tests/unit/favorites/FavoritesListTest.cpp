@@ -161,6 +161,21 @@ TEST_CASE("removing takes the selected rows, whatever the order shown") {
         CHECK(bench.favs.RemoveSelected() == 1);
         CHECK(Bench::Saved() == "(no file)");
     }
+    SUBCASE("and the row that moved up is selected, in view") {
+        for (int i = 0; i < 60; ++i) {
+            const std::string path = "C:\\z" + std::to_string(i) + ".exe";
+            sim::putFile(path, "");
+            bench.favs.AddFav(path, "0");
+        }
+        bench.list.SetTopIndex(30);
+        const int top = bench.list.TopIndex();
+        for (int row = 0; row < bench.favs.Count(); ++row) bench.list.SelectItem(row, row == top + 2);
+        const std::string next = bench.favs.Row(top + 3).name;
+        CHECK(bench.favs.RemoveSelected() == 1);
+        CHECK(bench.list.TopIndex() == top);
+        CHECK(bench.list.Selected(top + 2));
+        CHECK(bench.favs.Row(top + 2).name == next);
+    }
     SUBCASE("even when that cannot be saved") {
         const std::string before = Bench::Saved();
         sim::setReadOnlyFolder("C:\\Kestrum", true);
