@@ -1,5 +1,7 @@
 #include "controls/CheckBox.h"
 
+#include <utility>
+
 namespace controls {
 
 using platform::Font;
@@ -88,8 +90,19 @@ void CheckBox::onCaptureLost() {
     SetLook(false, false);
 }
 
+void CheckBox::onFocus(bool) {
+    spaceHeld_ = false;
+    invalidate();
+}
+
 void CheckBox::onKey(const platform::KeyEvent& event) {
-    if (event.down && event.code == platform::key::kSpace) Toggle();
+    if (event.code != platform::key::kSpace) return;
+    // On the release, so that a held key does not flip it again and again.
+    if (event.down) {
+        spaceHeld_ = true;
+    } else if (std::exchange(spaceHeld_, false)) {
+        Toggle();
+    }
 }
 
 void CheckBox::Toggle() {

@@ -25,7 +25,7 @@ protected:
     void onMouse(const platform::MouseEvent& event) override;
     void onMouseLeave() override;
     void onKey(const platform::KeyEvent& event) override;
-    void onFocus(bool) override { invalidate(); }
+    void onFocus(bool gained) override;
     void onCaptureLost() override;
     void onSystemColors() override { invalidate(); }
 
@@ -38,6 +38,7 @@ private:
     bool value_ = false;
     bool hovered_ = false;
     bool pressed_ = false;
+    bool spaceHeld_ = false;
 };
 
 }  // namespace controls

@@ -55,7 +55,7 @@ void UcList1::ReadProperties(const UcListProperties& properties) {
     topIndex_ = 0;
     currentRow_ = anchorRow_ = -1;
     model_.ReadHeaderProperties(properties.headerProperties);
-    hoverRow_ = hoverColumn_ = -1;
+    hoverRow_ = -1;
     ReDraw();
 }
 

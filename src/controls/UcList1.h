@@ -132,9 +132,8 @@ public:
     std::string ColumnWidthsText() const { return model_.ColumnWidthsText(); }
     void SetColumnWidths(std::string_view text);
 
-    // Where things lie now; the data behind them.
+    // Where things lie now.
     const UcListLayout& Layout() const;
-    const UcListModel& Model() const { return model_; }
 
 protected:
     void onPaint(platform::Canvas& canvas, const platform::Rect& dirty) override;
@@ -222,7 +221,6 @@ private:
     int repeatZone_ = 0;  // zone whose auto-repeat timer runs, 0 for none
     bool sizingPointer_ = false;
     int hoverRow_ = -1;
-    int hoverColumn_ = -1;
     bool tipRaised_ = false;
 };
 

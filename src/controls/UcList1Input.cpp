@@ -267,7 +267,6 @@ void UcList1::HoverAt(Point at) {
     }
     if (hit.row == hoverRow_) return;
     hoverRow_ = hit.row;
-    hoverColumn_ = hit.column;
     tipRaised_ = true;
     startTimer(kHoverTimer, kHoverWatch);
     Raise(MouseTip, hoverRow_);
@@ -275,7 +274,7 @@ void UcList1::HoverAt(Point at) {
 
 // Once for every tip that was asked for, however the hover row was lost meanwhile.
 void UcList1::EndHover() {
-    hoverRow_ = hoverColumn_ = -1;
+    hoverRow_ = -1;
     if (!tipRaised_) return;
     tipRaised_ = false;
     stopTimer(kHoverTimer);

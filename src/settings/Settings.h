@@ -40,7 +40,6 @@ public:
     bool DeleteSection();
 
 private:
-    std::string Read(const std::string& key, const std::string& fallback) const;
     std::optional<std::int16_t> GraphValue(const char* key, int slot) const;
 };
 

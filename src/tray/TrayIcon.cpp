@@ -1,26 +1,28 @@
 #include "tray/TrayIcon.h"
 
+#include "controls/Resources.h"
+
 namespace tray {
 
 namespace {
 
 constexpr std::uint32_t kIconId = 1;
-constexpr int kProgramIcon = 1;  // resource
-constexpr int kIconSize = 16;    // pixels
+constexpr int kIconSize = 16;  // pixels
 constexpr char kTip[] = "Kestrum 2 by Tam Orrin";
 
 }  // namespace
 
 TrayIcon::TrayIcon(platform::Window& owner)
-    : owner_(owner), icon_(platform::loadIconResource(kProgramIcon, kIconSize)) {}
+    : owner_(owner), icon_(platform::loadIconResource(controls::kProgramIcon, kIconSize)) {}
 
 TrayIcon::~TrayIcon() {
     Remove();
 }
 
 void TrayIcon::Add_Tray() {
-    // The shell refuses an icon it has already; that one is still ours to remove.
-    if (platform::trayAdd(owner_, kIconId, icon_.raw(), kTip)) added_ = true;
+    platform::trayAdd(owner_, kIconId, icon_.raw(), kTip);
+    // Even when the shell says no: busy at log-on it may add the icon late, and one already there is ours, too.
+    added_ = true;
 }
 
 void TrayIcon::TrayBalloon(const std::string& text, const std::string& title, platform::BalloonIcon icon) {

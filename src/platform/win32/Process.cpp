@@ -37,11 +37,11 @@ ProcessId currentProcessId() {
 
 bool enumerateProcesses(std::vector<ProcessId>& ids) {
     if (wine::present()) return wine::enumerateProcesses(ids);
-    // A list that fills the buffer may have been cut: only one that leaves room is whole. The size that did is
-    // kept, so that the next enumeration, half a second later, is a single call.
-    static std::size_t room = 256;
+    // A list that fills the buffer may have been cut: only one that leaves room is whole. The caller's vector
+    // remembers the size that did, so that the next enumeration, half a second later, is a single call.
+    constexpr std::size_t kLeastRoom = 256;
     constexpr std::size_t kMaxRoom = std::size_t{1} << 22;
-    for (; room <= kMaxRoom; room *= 2) {
+    for (std::size_t room = std::max(kLeastRoom, ids.capacity()); room <= kMaxRoom; room *= 2) {
         ids.resize(room);
         const DWORD bytes = static_cast<DWORD>(room * sizeof(DWORD));
         DWORD used = 0;
