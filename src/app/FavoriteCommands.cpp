@@ -1,5 +1,7 @@
 #include "app/FavoriteCommands.h"
 
+#include <optional>
+
 #include "app/MainToolBars.h"
 #include "favorites/ApplyFavorites.h"
 #include "platform/Shell.h"
@@ -61,14 +63,19 @@ void FavoriteCommands::StartAutoSet() {
 }
 
 void FavoriteCommands::BrowseForFavorite() {
-    // Ticks go on while the dialog is open; only what it leads to holds them.
-    const auto path =
-        platform::chooseFile(parts_.window, "Add Files to Favorites", {{"*.Exe, *.Scr", "*.exe;*.scr"}});
+    std::optional<std::string> path;
+    {
+        const BusyGuard guard(parts_.busy);
+        path = platform::chooseFile(parts_.window, "Add Files to Favorites", {{"*.Exe, *.Scr", "*.exe;*.scr"}});
+    }
     if (path) AddFav(*path);
 }
 
 void FavoriteCommands::AddDropped(const std::vector<std::string>& paths) {
-    for (const std::string& path : paths) AddFav(path);
+    for (const std::string& path : paths) {
+        if (!parts_.window.exists()) return;  // closed while a message about the one before was up
+        AddFav(path);
+    }
 }
 
 void FavoriteCommands::AddFav(const std::string& path) {
@@ -79,6 +86,8 @@ void FavoriteCommands::AddFav(const std::string& path) {
         result = parts_.favorites.AddFav(path, parts_.affinityBoxes.Text());
         parts_.refresh.UpdateStatusLine();
     }
+    // It may be running already: with Auto Set on the next tick sets it.
+    if (result == favorites::AddFavResult::Added) parts_.refresh.ForceRebuild();
     if (result == favorites::AddFavResult::BadExtension) {
         Tell(favorites::kBadExtensionText);
     } else if (result == favorites::AddFavResult::Duplicate) {
@@ -94,8 +103,6 @@ void FavoriteCommands::RemoveFavorites() {
     if (!Ask("Remove selected items from favorites?")) return;
     const PausedSlot pause(parts_.slots, Slot::Process, kRefreshMilliseconds);
     parts_.favorites.RemoveSelected();
-    parts_.favorites.LoadFavorites();
-    parts_.favorites.SortFavs();
     parts_.refresh.UpdateStatusLine();
 }
 

@@ -1,5 +1,7 @@
 #include "app/Form1.h"
 
+#include <utility>
+
 #include "controls/Resources.h"
 #include "favorites/Profiles.h"
 #include "platform/Files.h"
@@ -38,7 +40,13 @@ void Form1::onPaint(platform::Canvas& canvas, const Rect& dirty) {
 }
 
 void Form1::onSize(platform::Size, WindowState state) {
-    if (!started_ || state == WindowState::Minimized) return;
+    if (!started_) return;
+    if (state == WindowState::Minimized) {
+        wasMinimized_ = true;
+        return;
+    }
+    // While it was minimised Auto Set went on, but nobody kept the list.
+    if (std::exchange(wasMinimized_, false)) refresh_.FullRebuild();
     const bool maximized = state == WindowState::Maximized;
     if (maximized != maximized_) {
         CaptureColumns(maximized_);
@@ -134,8 +142,11 @@ void Form1::FavoritesKey(std::uint16_t code) {
 
 void Form1::ViewHelp() {
     const std::string path = baseFolder_ + "Help.htm";
-    if (platform::fileExists(path) && platform::openDocument(*this, path)) return;
-    commands_.Tell("Help file (Help.htm) is missing.");
+    if (platform::fileExists(path)) {
+        platform::openDocument(*this, path);
+    } else {
+        commands_.Tell("Help file (Help.htm) is missing.");
+    }
 }
 
 void Form1::onTaskbarCreated() {
@@ -144,6 +155,7 @@ void Form1::onTaskbarCreated() {
 
 // The close box ends the program: without a menu on the tray icon, a window hidden there could not come back.
 void Form1::onClose() {
+    if (!enabled()) return;  // a question of ours is open and comes first
     Unload();
 }
 

@@ -103,6 +103,7 @@ private:
     LayoutMemory layouts_;
     bool maximized_ = false;  // the set of column widths in use
     bool started_ = false;
+    bool wasMinimized_ = false;
     bool saveOnExit_ = true;
 };
 

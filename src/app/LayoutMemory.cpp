@@ -12,6 +12,11 @@ void LayoutMemory::Load(const settings::Settings& settings) {
                   text::LeadingNumber(settings.Text(Key::SplitterMax))};
 }
 
+void LayoutMemory::CompleteMaximized() {
+    if (maximized_.fileWidths.empty()) maximized_.fileWidths = normal_.fileWidths;
+    if (maximized_.favoriteWidths.empty()) maximized_.favoriteWidths = normal_.favoriteWidths;
+}
+
 void LayoutMemory::Save(settings::Settings& settings) const {
     settings.WriteText(Key::FileColWideMax, maximized_.fileWidths);
     settings.WriteText(Key::FavColWideMax, maximized_.favoriteWidths);

@@ -15,8 +15,10 @@ struct ListLayout {
 
 class LayoutMemory {
 public:
-    // Reads both sets; the maximised one defaults to the normal one.
+    // Reads both sets; splitter of the maximised one defaults to the normal one.
     void Load(const settings::Settings& settings);
+    // Gives the set of the maximised window the widths of the normal one where it has none of its own.
+    void CompleteMaximized();
     void Save(settings::Settings& settings) const;
 
     ListLayout& For(bool maximized) { return maximized ? maximized_ : normal_; }

@@ -25,7 +25,7 @@ int StripHeight(const MainParts& parts) {
 platform::Size SmallestMainWindow(const MainParts& parts) {
     const int strip = kMargin + parts.toolBar2Width + kGap + parts.affinityWidth + kMargin;
     const int lists = 2 * kLeastListWidth + kSplitterWidth + 2 * kMargin;
-    return {std::max(strip, lists) + kFrameWidth,
+    return {std::max({parts.toolBar1Width, strip, lists}) + kFrameWidth,
             parts.toolBar1Height + StripHeight(parts) + kLeastListHeight + kStatusHeight + kFrameHeight};
 }
 

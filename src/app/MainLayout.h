@@ -7,6 +7,7 @@ namespace app {
 
 // What the arithmetic needs to know of the parts. Pixels.
 struct MainParts {
+    int toolBar1Width = 0;
     int toolBar1Height = 32;
     int toolBar2Width = 160;
     int toolBar2Height = 24;

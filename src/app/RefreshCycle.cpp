@@ -18,13 +18,11 @@ constexpr int kIconColumn = 6;
 // The list stays as it is on the screen while it is refilled: locked, and scrolled back to where it stood.
 class FrozenList {
 public:
-    explicit FrozenList(controls::UcList1& list)
-        : list_(list), topIndex_(list.TopIndex()), scroll_(list.GetVertBarPos()) {
+    explicit FrozenList(controls::UcList1& list) : list_(list), topIndex_(list.TopIndex()) {
         list_.SetLocked(true);
     }
     ~FrozenList() {
-        list_.SetTopIndex(topIndex_);
-        list_.SetVertBarPos(scroll_);
+        list_.SetTopIndex(topIndex_);  // the scroll bar's position is the same number
         list_.SetLocked(false);
     }
     FrozenList(const FrozenList&) = delete;
@@ -33,7 +31,6 @@ public:
 private:
     controls::UcList1& list_;
     int topIndex_;
-    int scroll_;
 };
 
 template <class Number>

@@ -22,10 +22,10 @@ constexpr const char* kProcessHeader =
 constexpr int kProcessColumns = 7;
 
 // The last column is the filler, which is never shown.
-controls::UcListProperties ListProperties(const char* header, int columns) {
+controls::UcListProperties ListProperties(const char* header, int columns, int shown) {
     controls::UcListProperties properties;
     properties.columnCount = columns;
-    properties.columnMaxSeen = columns - 1;
+    properties.columnMaxSeen = shown;
     properties.headerProperties = header;
     return properties;
 }
@@ -95,6 +95,10 @@ bool Form1::CreateToolBars() {
     toolBar2_.SetImages(platform::loadPictureResource(controls::kToolBar2Pictures), kToolBar2Tips.size());
     for (int index = 0; index < toolBar2_.ImageCount(); ++index) toolBar2_.SetUnavailable(index, true);
 
+    // Nothing on it can be used yet, so the keyboard need not stop there.
+    toolBar2_.enable(false);
+
+    parts_.toolBar1Width = toolBar1_.PreferredWidth();
     parts_.toolBar1Height = toolBar1_.PreferredHeight();
     parts_.toolBar2Width = toolBar2_.PreferredWidth();
     parts_.toolBar2Height = toolBar2_.PreferredHeight();
@@ -107,8 +111,9 @@ bool Form1::CreateLists() {
         !favoritesControl_.Create(*this, "UcList12", later)) {
         return false;
     }
-    processList_.ReadProperties(ListProperties(kProcessHeader, kProcessColumns));
-    favoritesControl_.ReadProperties(ListProperties(favorites::kFavoritesHeader, favorites::kFavoritesColumnCount));
+    processList_.ReadProperties(ListProperties(kProcessHeader, kProcessColumns, kProcessColumns - 1));
+    favoritesControl_.ReadProperties(ListProperties(favorites::kFavoritesHeader, favorites::kFavoritesColumnCount,
+                                                    favorites::kFavoritesColumnMaxSeen));
     favoritesControl_.acceptFiles(true);
     parts_.affinityWidth = affinityBoxes_.Width();
     return true;
@@ -139,6 +144,8 @@ void Form1::RestorePlacement() {
     if (!settings::RestoreWindowPosition(*this, "Form1", settings_)) setBounds(CentredOnScreen(kFirstSize));
     layouts_.Load(settings_);
     ApplyColumns(false);
+    CaptureColumns(false);  // as they really are: the built-in ones where nothing usable was stored
+    layouts_.CompleteMaximized();
     started_ = true;
     LayOut();
 }
@@ -150,11 +157,14 @@ void Form1::ShowFirstTime() {
 }
 
 void Form1::SaveSettings() {
-    if (!saveOnExit_ || !started_) return;
+    if (!started_) return;
+    favorites_.SavePending();
+    if (!saveOnExit_) return;
     CaptureColumns(maximized_);
     settings_.WriteNumber(Key::FavColSort, favorites_.SortColumn());
     settings_.WriteBool(Key::FavSortDir, favorites_.SortAscending());
     settings::SaveWindowPosition(*this, "Form1", settings_);
+    settings_.WriteNumber(Key::TransLevel, settings_.Number(Key::TransLevel));
     layouts_.Save(settings_);
 }
 

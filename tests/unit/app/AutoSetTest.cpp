@@ -64,6 +64,19 @@ TEST_CASE("Enforce applies the favourites again, measured from the last applicat
     CHECK(ticksUntilSet() == 20);
 }
 
+TEST_CASE("A favourite added while its program runs is set without waiting for another start") {
+    Machine machine;
+    sim::putSetting(kSection, "AutoSet", "1");
+    sim::putFile(kGame, "");
+    const auto game = Machine::Run(kGame);
+    app::Form1& form = machine.Start();
+    Machine::Tick(6);
+    form.CpuAffinity().Show("1");
+    sim::dropFiles(form.FavoritesListControl(), {kGame});
+    Machine::Tick();
+    CHECK(sim::findProcess(game)->affinityMask == 2);
+}
+
 TEST_CASE("The Auto Set and Enforce buttons depend on each other") {
     GameMachine machine;
     sim::putSetting(kSection, "ReEnforce", "1");

@@ -56,6 +56,46 @@ TEST_CASE("Favourites are added by the chooser and by dropping, and removed afte
     CHECK(form.ProcessList().ListCount() == 1);
 }
 
+TEST_CASE("Removing works on the list even when the profile cannot be written, and is saved in the end") {
+    Machine machine;
+    for (const char* name : {"a.exe", "b.exe", "c.exe"}) sim::putFile(std::string("C:\\Apps\\") + name, "");
+    Machine::PutProfile("A.exe\t0\tDefault\tC:\\Apps\\a.exe\t\r\nB.exe\t0\tDefault\tC:\\Apps\\b.exe\t\r\n");
+    app::Form1& form = machine.Start();
+    controls::UcList1& list = form.FavoritesListControl();
+    sim::setReadOnlyFolder("C:\\Kestrum", true);
+    sim::dropFiles(list, {"C:\\Apps\\c.exe"});
+    list.SelectItem(0, true);
+    AnswerBox('Y');
+    machine.ClickButton(app::button::kRemoveFavorites);
+    REQUIRE(list.ListCount() == 2);
+    CHECK(list.CellText(0, 0) == "B.exe");
+    CHECK(list.CellText(1, 0) == "C.exe");
+
+    sim::setReadOnlyFolder("C:\\Kestrum", false);
+    machine.Close();
+    CHECK(sim::file(kProfile1)->find("A.exe") == std::string::npos);
+    CHECK(sim::file(kProfile1)->find("C.exe") != std::string::npos);
+}
+
+TEST_CASE("A question that goes with its window was not answered with the Yes of the one before") {
+    Machine machine;
+    sim::putFile("C:\\Apps\\a.exe", "");
+    sim::putFile("C:\\Apps\\b.exe", "");
+    Machine::PutProfile("A.exe\t0\tDefault\tC:\\Apps\\a.exe\t\r\nB.exe\t0\tDefault\tC:\\Apps\\b.exe\t\r\n");
+    app::Form1& form = machine.Start();
+    form.FavoritesListControl().SelectItem(0, true);
+    AnswerBox('Y');
+    machine.ClickButton(app::button::kRemoveFavorites);
+    form.FavoritesListControl().SelectItem(0, true);
+    sim::whenModal([&](platform::Window& dialog) {
+        sim::closeBox(form);  // refused while the question is open
+        CHECK(form.exists());
+        dialog.destroy();
+    });
+    machine.ClickButton(app::button::kRemoveFavorites);
+    CHECK(form.FavoritesListControl().ListCount() == 1);
+}
+
 TEST_CASE("A message box holds the refresh and gives it back") {
     Machine machine;
     app::Form1& form = machine.Start();

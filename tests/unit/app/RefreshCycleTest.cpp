@@ -152,5 +152,8 @@ TEST_CASE("A minimised window works only for Auto Set") {
         CHECK(sim::findProcess(app)->priorityClass == 0x80);
         CHECK(sim::findProcess(app)->affinityMask == 1);
         CHECK(form.ProcessList().ListCount() == shown);
+        Machine::Tick(5);
+        form.show(platform::ShowCommand::Restore);
+        CHECK(machine.Cell(app, 2) == "High");
     }
 }

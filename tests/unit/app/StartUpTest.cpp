@@ -20,6 +20,8 @@ TEST_CASE("A first start stands in the middle of the screen with the built-in la
     sim::restartShell();
     CHECK(sim::trayIcons().size() == 1);
     machine.Close();
+    CHECK(sim::setting(kSection, "FileColWideMax") == "134,82,60,40,60,70,");
+    CHECK(sim::setting(kSection, "TransLevel") == "85");
     CHECK(sim::trayIcons().empty());
     CHECK(sim::quitCode() == 0);
 }
@@ -81,6 +83,7 @@ TEST_CASE("Log-off saves what closing saves") {
 TEST_CASE("Nothing overlaps at any size the window can have") {
     app::MainParts parts;
     parts.affinityWidth = 300;
+    parts.toolBar1Width = 700;
     for (const int gauge : {0, 120}) {
         parts.gaugeWidth = gauge;
         const platform::Size least = app::SmallestMainWindow(parts);
@@ -96,6 +99,7 @@ TEST_CASE("Nothing overlaps at any size the window can have") {
                     for (const Rect& other : all) CHECK((&one == &other || !one.intersects(other)));
                 }
                 CHECK(layout.processList.height() >= 100);
+                CHECK(layout.toolBar1.width() >= parts.toolBar1Width);
                 CHECK(layout.favoritesList.width() >= app::kLeastListWidth);
             }
         }
