@@ -9,14 +9,6 @@
 
 namespace platform {
 
-namespace {
-
-HWND hwndOf(const Window& window) {
-    return reinterpret_cast<HWND>(window.native());
-}
-
-}  // namespace
-
 std::optional<std::string> chooseFile(Window& owner, const std::string& title, const std::vector<FileType>& types) {
     std::string filter;  // pairs of label and pattern, each ended by a NUL, and one more NUL
     for (const FileType& type : types) filter += type.label + '\0' + type.pattern + '\0';
