@@ -98,13 +98,15 @@ void askForLeave(HWND hwnd, WindowData& data, Point at) {
     RECT client{};
     GetClientRect(hwnd, &client);
     // Asked for from outside (a drag that holds the mouse) it would be answered at once.
-    if (data.trackingLeave || !toRect(client).contains(at)) return;
+    if (!toRect(client).contains(at)) return;
     data.leftWhileCapturing = false;
     TRACKMOUSEEVENT request{};
     request.cbSize = sizeof request;
     request.dwFlags = TME_LEAVE;
     request.hwndTrack = hwnd;
-    data.trackingLeave = TrackMouseEvent(&request) != FALSE;
+    // With every move: there is one request for all windows, and when another window's takes its place the answer
+    // to this one can get lost. Who asks only once would then never hear of a leave again.
+    TrackMouseEvent(&request);
 }
 
 Answer mouseMessage(const Message& m, WindowData& data) {
@@ -120,7 +122,6 @@ Answer mouseMessage(const Message& m, WindowData& data) {
 }
 
 Answer mouseLeaveMessage(WindowData& data) {
-    data.trackingLeave = false;
     if (data.capturing) {  // a drag may well leave the window and come back
         data.leftWhileCapturing = true;
         return 0;
