@@ -11,6 +11,15 @@ namespace {
 
 constexpr int kPidColumn = 290, kFavoritesColumn = 60;  // points in these header cells
 
+// Programs that give the list enough rows, whatever else runs and may be seen by a 32-bit program.
+struct Company {
+    explicit Company(const Installation& installation)
+        : one(installation.AddProgram("Editor.exe")),
+          two(installation.AddProgram("Player.exe")),
+          three(installation.AddProgram("Compiler.exe")) {}
+    Process one, two, three;
+};
+
 // Clicks the header of a column until a click turns the rows upside down: the first one may have sorted them by
 // that column, and processes come and go.
 bool ClicksReverse(const List& list, int x) {
@@ -47,6 +56,7 @@ bool MoveSplitter(HWND splitter, int pixels) {
 
 TEST_CASE("start: the window shows the running processes") {
     const Installation installation;
+    const Company company(installation);
     Session session(installation);
     REQUIRE(session.Started());
 
@@ -63,6 +73,7 @@ TEST_CASE("start: the window shows the running processes") {
 
 TEST_CASE("list: headers sort, clicks and keys select") {
     const Installation installation;
+    const Company company(installation);
     Session session(installation);
     REQUIRE(session.Started());
     const List& list = session.Processes();

@@ -110,7 +110,7 @@ Session::Session(const Installation& installation)
     if (main_ == nullptr) return;
     SetForegroundWindow(main_);
     ParkPointer();
-    WaitFor([this] { return processes_.HasText(2); });
+    WaitFor([this] { return processes_.HasText(1); });
 }
 
 bool Session::ToggleToolBar1(int button) const {
