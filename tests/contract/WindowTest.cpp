@@ -1,136 +1,13 @@
 #include "platform/Window.h"
 
-#include <doctest/doctest.h>
-
-#include <algorithm>
 #include <memory>
 #include <string>
 #include <vector>
 
-#include "contract/Desktop.h"
-#include "contract/Machine.h"
+#include "contract/Probe.h"
 
-using contract::waitFor;
+using namespace contract;
 using namespace platform;
-
-namespace {
-
-using Log = std::vector<std::string>;
-
-std::string number(int value) {
-    return std::to_string(value);
-}
-
-std::string place(Point at) {
-    return number(at.x) + "," + number(at.y);
-}
-
-// Notes what it is told, as "name event".
-class Probe : public Window {
-public:
-    Probe(std::string name, Log& log) : name_(std::move(name)), log_(log) {}
-
-    bool createIn(Window* parent, const Rect& bounds, bool tabStop = false) {
-        return create({WindowKind::Child, "Probe", name_, parent, bounds, tabStop});
-    }
-    bool createMain(const Rect& bounds = {100, 100, 500, 400}) {
-        return create({WindowKind::Main, "ProbeMain", name_, nullptr, bounds});
-    }
-    bool createDialog(Window* owner) {
-        return create({WindowKind::Dialog, "", name_, owner, {150, 150, 350, 300}});
-    }
-
-    Rect lastDirty;
-    Size least;
-    bool keepOpen = false;
-    std::vector<std::string> dropped;
-
-protected:
-    void onPaint(Canvas& canvas, const Rect& dirty) override {
-        canvas.fill(dirty, rgb(255, 255, 255));
-        lastDirty = dirty;
-        note("paint");
-    }
-    void onSize(Size client, WindowState state) override {
-        const char* names[] = {"size ", "minimized ", "maximized "};
-        note(names[static_cast<int>(state)] + number(client.width) + "x" + number(client.height));
-    }
-    void onMouse(const MouseEvent& event) override {
-        const char* actions[] = {"down", "double", "up", "move"};
-        const char* buttons[] = {"", " left", " right", " middle"};
-        std::string text = actions[static_cast<int>(event.action)];
-        text += buttons[static_cast<int>(event.button)];
-        if (event.modifiers.shift) text += " shift";
-        if (event.modifiers.ctrl) text += " ctrl";
-        if (event.leftHeld) text += " held";
-        note(text + " " + place(event.at));
-    }
-    void onMouseLeave() override { note("leave"); }
-    void onWheel(const WheelEvent& event) override { note("wheel " + number(event.delta) + " " + place(event.at)); }
-    void onKey(const KeyEvent& event) override {
-        std::string text = event.down ? "key " : "keyup ";
-        if (event.modifiers.shift) text += "shift ";
-        if (event.modifiers.ctrl) text += "ctrl ";
-        note(text + number(event.code));
-    }
-    void onFocus(bool gained) override { note(gained ? "focus" : "blur"); }
-    void onTimer(int id) override { note("timer " + number(id)); }
-    void onCaptureLost() override { note("captureLost"); }
-    void onDropFiles(const std::vector<std::string>& paths) override { dropped = paths; }
-    void onSystemColors() override { note("colors"); }
-    void onClose() override {
-        note("close");
-        if (!keepOpen) Window::onClose();
-    }
-    void onEndSession() override { note("endSession"); }
-    void onTaskbarCreated() override { note("taskbar"); }
-    void onDestroyed() override { note("destroyed"); }
-    Size minimumSize() const override { return least; }
-
-private:
-    void note(const std::string& what) { log_.push_back(name_ + " " + what); }
-
-    std::string name_;
-    Log& log_;
-};
-
-int count(const Log& log, const std::string& entry) {
-    return static_cast<int>(std::count(log.begin(), log.end(), entry));
-}
-
-bool has(const Log& log, const std::string& entry) {
-    return count(log, entry) > 0;
-}
-
-// What of the log begins with "name what", in order.
-Log only(const Log& log, std::initializer_list<std::string> wanted) {
-    Log kept;
-    for (const std::string& entry : log) {
-        if (std::find(wanted.begin(), wanted.end(), entry) != wanted.end()) kept.push_back(entry);
-    }
-    return kept;
-}
-
-// A main window with two controls, shown and painted.
-struct Desk {
-    Log log;
-    Probe main{"main", log};
-    Probe a{"a", log};
-    Probe b{"b", log};
-
-    Desk() {
-        contract::freshMachine();
-        REQUIRE(main.createMain());
-        REQUIRE(a.createIn(&main, {10, 10, 110, 60}, true));
-        REQUIRE(b.createIn(&main, {120, 10, 220, 60}, true));
-        main.show(ShowCommand::Show);
-        pumpMessages();
-        REQUIRE(waitFor([this] { return has(log, "main paint") && has(log, "a paint") && has(log, "b paint"); }));
-        log.clear();
-    }
-};
-
-}  // namespace
 
 TEST_CASE("a window comes into being with its text, place and first size") {
     contract::freshMachine();
@@ -239,52 +116,6 @@ TEST_CASE("painting waits for the message loop and comes once") {
     }
 }
 
-TEST_CASE("the mouse is held by one window, which is told when it loses it") {
-    Desk desk;
-    desk.a.capture();
-    CHECK(desk.a.captured());
-    SUBCASE("releasing") {
-        desk.b.releaseCapture();  // not its to release
-        CHECK(desk.a.captured());
-        CHECK(desk.log.empty());
-        desk.a.releaseCapture();
-        CHECK_FALSE(desk.a.captured());
-        CHECK(desk.log == Log{"a captureLost"});
-        desk.a.releaseCapture();
-        CHECK(desk.log == Log{"a captureLost"});
-    }
-    SUBCASE("another window takes it") {
-        desk.b.capture();
-        CHECK(desk.b.captured());
-        CHECK_FALSE(desk.a.captured());
-        CHECK(desk.log == Log{"a captureLost"});
-    }
-    SUBCASE("taking it again takes it from nobody") {
-        desk.a.capture();
-        CHECK(desk.a.captured());
-        CHECK(desk.log.empty());
-    }
-    SUBCASE("hiding keeps it") {
-        desk.a.show(ShowCommand::Hide);
-        CHECK(desk.a.captured());
-        CHECK_FALSE(has(desk.log, "a captureLost"));
-    }
-    SUBCASE("destroying tells nobody") {
-        desk.a.destroy();
-        CHECK_FALSE(has(desk.log, "a captureLost"));
-        CHECK(has(desk.log, "a destroyed"));
-    }
-    SUBCASE("a modal dialog takes it away") {
-        Probe dialog("dialog", desk.log);
-        REQUIRE(dialog.createDialog(&desk.main));
-        contract::runModal(dialog, desk.main, [&] {
-            CHECK(has(desk.log, "a captureLost"));
-            CHECK_FALSE(desk.a.captured());
-            dialog.destroy();
-        });
-    }
-}
-
 TEST_CASE("destroying a window takes its children along, and they go first") {
     Desk desk;
     Probe inner("inner", desk.log);
@@ -319,64 +150,6 @@ TEST_CASE("destroying a window takes its children along, and they go first") {
         CHECK(log.empty());
         CHECK_FALSE(child.exists());
     }
-}
-
-TEST_CASE("Tab moves the focus from tab stop to tab stop, in order of creation") {
-    Desk desk;
-    Probe box("box", desk.log);
-    Probe nested("nested", desk.log);
-    Probe last("last", desk.log);
-    REQUIRE(box.createIn(&desk.main, {10, 70, 200, 150}));  // no tab stop itself
-    REQUIRE(nested.createIn(&box, {0, 0, 50, 20}, true));
-    REQUIRE(last.createIn(&desk.main, {10, 160, 60, 180}, true));
-    const auto tab = [](bool backward = false) { contract::pressKey(key::kTab, {backward, false, false}); };
-
-    desk.a.focus();
-    REQUIRE(desk.a.focused());
-    desk.log.clear();
-    tab();
-    CHECK(desk.log == Log{"a blur", "b focus"});
-    tab();
-    CHECK(nested.focused());
-    tab();
-    CHECK(last.focused());
-    tab();
-    CHECK(desk.a.focused());
-    tab(true);
-    CHECK(last.focused());
-    tab(true);
-    CHECK(nested.focused());
-
-    SUBCASE("hidden and disabled windows are left out, with all that is inside") {
-        desk.b.enable(false);
-        box.show(ShowCommand::Hide);
-        desk.a.focus();
-        tab();
-        CHECK(last.focused());
-        CHECK_FALSE(desk.b.enabled());
-    }
-    SUBCASE("from a window that is no tab stop it starts at an end") {
-        desk.main.focus();
-        tab();
-        CHECK(desk.a.focused());
-        desk.main.focus();
-        tab(true);
-        CHECK(last.focused());
-    }
-    SUBCASE("other keys arrive, with what is held") {
-        desk.b.focus();
-        desk.log.clear();
-        contract::pressKey(key::kEnter);
-        contract::pressKey('A', {true, true, false});
-        CHECK(desk.log == Log{"b key 13", "b keyup 13", "b key shift ctrl 65", "b keyup shift ctrl 65"});
-    }
-}
-
-TEST_CASE("a control that is hidden gives the focus to its parent") {
-    Desk desk;
-    desk.a.focus();
-    desk.a.show(ShowCommand::Hide);
-    CHECK(desk.main.focused());
 }
 
 TEST_CASE("a window timer fires until it is stopped, and starting it again re-arms it") {
@@ -459,48 +232,6 @@ TEST_CASE("a modal dialog stands before its owner until it is hidden or destroye
         CHECK(desk.main.enabled());
         CHECK(desk.b.focused());
     }
-}
-
-TEST_CASE("buttons, wheel and double clicks are decoded") {
-    Desk desk;
-    contract::mouseDown(desk.a, {3, 4}, MouseButton::Right, {true, true, false});
-    contract::mouseUp(desk.a, {3, 4}, MouseButton::Right);
-    contract::mouseDown(desk.a, {5, 6}, MouseButton::Middle);
-    contract::mouseUp(desk.a, {5, 6}, MouseButton::Middle);
-    CHECK(desk.log == Log{"a down right shift ctrl 3,4", "a up right 3,4", "a down middle 5,6", "a up middle 5,6"});
-
-    desk.log.clear();
-    contract::doubleClick(desk.a, {7, 8});
-    CHECK(desk.log == Log{"a down left held 7,8", "a up left 7,8", "a double left held 7,8", "a up left 7,8"});
-
-    SUBCASE("outside the window while it holds the mouse") {
-        desk.a.capture();
-        desk.log.clear();
-        contract::mouseUp(desk.a, {-20, -30}, MouseButton::Left);
-        CHECK(has(desk.log, "a up left -20,-30"));
-    }
-    SUBCASE("the wheel goes where the pointer is, not where the focus is") {
-        desk.a.focus();
-        desk.log.clear();
-        contract::wheel(desk.b, {30, 20}, 120);
-        contract::wheel(desk.b, {30, 20}, -240);
-        CHECK(only(desk.log, {"b wheel 120 30,20", "b wheel -240 30,20"}).size() == 2);
-    }
-}
-
-TEST_CASE("a window is told that the pointer comes, moves and leaves") {
-    Desk desk;
-    contract::movePointer(desk.main, {300, 200});
-    CHECK(waitFor([&] { return has(desk.log, "main move 300,200"); }));
-    contract::movePointer(desk.a, {20, 30});
-    CHECK(waitFor([&] { return has(desk.log, "a move 20,30"); }));
-    CHECK(desk.a.underPointer());
-    CHECK_FALSE(desk.main.underPointer());
-    CHECK(waitFor([&] { return has(desk.log, "main leave"); }));
-    contract::movePointer(desk.b, {20, 30});
-    CHECK(waitFor([&] { return has(desk.log, "a leave"); }));
-    CHECK(waitFor([&] { return has(desk.log, "b move 20,30"); }));
-    CHECK_FALSE(has(desk.log, "b leave"));
 }
 
 TEST_CASE("minimising and maximising change the state and keep the restored rectangle") {
