@@ -12,6 +12,13 @@ function(kestrum_folder name)
   endif()
 endfunction()
 
+# Tests compile twice as fast without optimisation, and their time is spent in what they test.
+function(kestrum_quick_to_compile target)
+  if(KESTRUM_SANITIZE)
+    target_compile_options(${target} PRIVATE -O0)
+  endif()
+endfunction()
+
 # One test program per folder of tests/unit: unit_<name>, linked with the libraries given.
 function(kestrum_unit_tests name)
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.cpp)
@@ -19,6 +26,7 @@ function(kestrum_unit_tests name)
     add_executable(unit_${name} ${CMAKE_SOURCE_DIR}/tests/TestMain.cpp ${sources})
     target_include_directories(unit_${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
     target_link_libraries(unit_${name} PRIVATE ${ARGN})
+    kestrum_quick_to_compile(unit_${name})
     add_test(NAME unit_${name} COMMAND unit_${name})
   endif()
 endfunction()

@@ -29,7 +29,10 @@ Form1::Form1()
       commands_({*this, toolBar1_, msgBoxes_, affinityBoxes_, refresh_, slots_, busy_, favorites_, enforce_,
                  access_, settings_, trayIcon_}) {}
 
-Form1::~Form1() = default;
+// The window goes before the parts that its handlers would reach.
+Form1::~Form1() {
+    destroy();
+}
 
 void Form1::onPaint(platform::Canvas& canvas, const Rect& dirty) {
     canvas.fill(dirty, platform::systemColor(platform::SysColor::ButtonFace));
