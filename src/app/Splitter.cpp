@@ -17,12 +17,7 @@ platform::Color FrameColor() {
 }
 
 bool Splitter::Create(platform::Window& parent, const std::string& instanceName, const Rect& bounds) {
-    platform::WindowSpec spec;
-    spec.className = "Splitter";
-    spec.title = instanceName;
-    spec.parent = &parent;
-    spec.bounds = bounds;
-    if (!create(spec)) return false;
+    if (!createChild(parent, "Splitter", instanceName, bounds, platform::TabStop::No)) return false;
     setPointer(platform::Pointer::SizeWestEast);
     return true;
 }

@@ -12,12 +12,7 @@ constexpr unsigned kFormat = platform::kTextSingleLine | platform::kTextVCenter 
 }  // namespace
 
 bool StatusStrip::Create(platform::Window& parent, const std::string& instanceName, const Rect& bounds) {
-    platform::WindowSpec spec;
-    spec.className = "StatusStrip";
-    spec.title = instanceName;
-    spec.parent = &parent;
-    spec.bounds = bounds;
-    return create(spec);
+    return createChild(parent, "StatusStrip", instanceName, bounds, platform::TabStop::No);
 }
 
 void StatusStrip::Print(const std::string& processes, const std::string& favorites, int favoritesX) {

@@ -37,13 +37,7 @@ int CheckBox::WidthFor(const std::string& caption) {
 bool CheckBox::Create(platform::Window& parent, const std::string& instanceName, const std::string& caption,
                       const Rect& bounds) {
     caption_ = caption;
-    platform::WindowSpec spec;
-    spec.className = "CheckBox";
-    spec.title = instanceName;
-    spec.parent = &parent;
-    spec.bounds = bounds;
-    spec.tabStop = true;
-    return create(spec);
+    return createChild(parent, "CheckBox", instanceName, bounds, platform::TabStop::Yes);
 }
 
 void CheckBox::SetValue(bool value) {

@@ -27,13 +27,7 @@ constexpr Face kDown{rgb(160, 200, 226), rgb(196, 224, 242)};
 
 bool PushButton::Create(platform::Window& parent, const std::string& caption, const Rect& bounds) {
     caption_ = caption;
-    platform::WindowSpec spec;
-    spec.className = "PushButton";
-    spec.title = caption;
-    spec.parent = &parent;
-    spec.bounds = bounds;
-    spec.tabStop = true;
-    return create(spec);
+    return createChild(parent, "PushButton", caption, bounds, platform::TabStop::Yes);
 }
 
 void PushButton::onPaint(platform::Canvas& canvas, const Rect&) {

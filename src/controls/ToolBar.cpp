@@ -28,13 +28,7 @@ ToolBar::ToolBar() {
 }
 
 bool ToolBar::Create(platform::Window& parent, const std::string& instanceName, const Rect& bounds) {
-    platform::WindowSpec spec;
-    spec.className = "ToolBar";
-    spec.title = instanceName;
-    spec.parent = &parent;
-    spec.bounds = bounds;
-    spec.tabStop = true;
-    return create(spec);
+    return createChild(parent, "ToolBar", instanceName, bounds, platform::TabStop::Yes);
 }
 
 // ---- properties ----

@@ -25,13 +25,7 @@ Color OwnOr(Color own, Color asNew, SysColor desktop) {
 }  // namespace
 
 bool UcList1::Create(platform::Window& parent, const std::string& instanceName, const platform::Rect& bounds) {
-    platform::WindowSpec spec;
-    spec.className = "UcList1";
-    spec.title = instanceName;
-    spec.parent = &parent;
-    spec.bounds = bounds;
-    spec.tabStop = true;
-    if (!create(spec)) return false;
+    if (!createChild(parent, "UcList1", instanceName, bounds, platform::TabStop::Yes)) return false;
     if (model_.ColumnCount() == 0) ReadProperties(UcListProperties());
     ReDraw();
     return true;

@@ -34,6 +34,8 @@ struct WindowSpec {
     int iconResource = 0;  // Main and Dialog: icon of caption and task bar
 };
 
+enum class TabStop { No, Yes };
+
 class Window {
 public:
     Window() = default;
@@ -42,7 +44,10 @@ public:
     Window& operator=(const Window&) = delete;
 
     bool create(const WindowSpec& spec);  // CreateWindowExA; false on failure
-    void destroy();                       // DestroyWindow; calls onDestroyed
+    // The usual control: a child called `instanceName`, see WindowSpec.
+    bool createChild(Window& parent, const std::string& className, const std::string& instanceName,
+                     const Rect& bounds, TabStop tabStop);
+    void destroy();  // DestroyWindow; calls onDestroyed
     bool exists() const { return native_ != 0; }
     std::uintptr_t native() const { return native_; }
 

@@ -285,28 +285,4 @@ bool Window::underPointer() const {
     return native_ != 0 && machine().desktop.underPointer == native_;
 }
 
-// Handlers that a window does not care about.
-void Window::onPaint(Canvas& canvas, const Rect& dirty) {
-    canvas.fill(dirty, systemColor(SysColor::ButtonFace));
-}
-void Window::onSize(Size, WindowState) {}
-void Window::onMouse(const MouseEvent&) {}
-void Window::onMouseLeave() {}
-void Window::onWheel(const WheelEvent&) {}
-void Window::onKey(const KeyEvent&) {}
-void Window::onFocus(bool) {}
-void Window::onTimer(int) {}
-void Window::onCaptureLost() {}
-void Window::onDropFiles(const std::vector<std::string>&) {}
-void Window::onSystemColors() {}
-void Window::onClose() {
-    destroy();
-}
-void Window::onEndSession() {}
-void Window::onTaskbarCreated() {}
-void Window::onDestroyed() {}
-Size Window::minimumSize() const {
-    return {};
-}
-
 }  // namespace platform
