@@ -36,6 +36,8 @@ void Splitter::onPaint(platform::Canvas& canvas, const Rect& dirty) {
 
 void Splitter::onMouse(const platform::MouseEvent& event) {
     if (event.button == MouseButton::Left && event.action == MouseAction::Up) {
+        // The last move may have been dropped on the way: where the button was released is what counts.
+        if (dragging_) Drag(event.at);
         if (dragging_) releaseCapture();
         return;
     }
@@ -45,9 +47,11 @@ void Splitter::onMouse(const platform::MouseEvent& event) {
         capture();
         return;
     }
-    if (event.action == MouseAction::Move && dragging_ && Moved) {
-        Moved(bounds().left + event.at.x - grabX_);
-    }
+    if (event.action == MouseAction::Move && dragging_) Drag(event.at);
+}
+
+void Splitter::Drag(platform::Point at) {
+    if (Moved) Moved(bounds().left + at.x - grabX_);
 }
 
 }  // namespace app

@@ -25,6 +25,8 @@ protected:
     void onCaptureLost() override { dragging_ = false; }
 
 private:
+    void Drag(platform::Point at);
+
     bool dragging_ = false;
     int grabX_ = 0;
 };

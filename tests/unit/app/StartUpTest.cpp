@@ -35,8 +35,9 @@ TEST_CASE("Position, columns, splitter and sort come back after a restart") {
     REQUIRE(splitter);
     const int from = splitter->bounds().left;
     sim::mouseDown(*splitter, {2, 50});
-    sim::setPointer(*splitter, {2 - 100, 50});
-    sim::mouseUp(*splitter, {2, 50});
+    sim::setPointer(*splitter, {2 - 60, 50});
+    CHECK(form->ProcessList().bounds().right == from - 60);
+    sim::mouseUp(*splitter, {2 - 40, 50});  // the bar moved with the pointer: 40 more
     CHECK(form->ProcessList().bounds().right == from - 100);
     form->show(platform::ShowCommand::Maximize);
     form->ProcessList().SetColumnWidths("300,82,60,40,60,70,");
