@@ -5,8 +5,6 @@
 #include "app/MainToolBars.h"
 #include "favorites/ApplyFavorites.h"
 #include "platform/Shell.h"
-#include "text/Case.h"
-#include "text/Numbers.h"
 
 namespace app {
 

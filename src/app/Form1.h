@@ -104,7 +104,6 @@ private:
     bool maximized_ = false;  // the set of column widths in use
     bool started_ = false;
     bool wasMinimized_ = false;
-    bool saveOnExit_ = true;
 };
 
 }  // namespace app

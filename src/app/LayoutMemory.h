@@ -15,9 +15,10 @@ struct ListLayout {
 
 class LayoutMemory {
 public:
-    // Reads both sets; splitter of the maximised one defaults to the normal one.
+    // Reads both sets; what is missing of the maximised one is that of the normal one.
     void Load(const settings::Settings& settings);
-    // Gives the set of the maximised window the widths of the normal one where it has none of its own.
+    // Once the normal widths are known as they really are (the lists know their built-in ones): gives them to the
+    // maximised set where it has none.
     void CompleteMaximized();
     void Save(settings::Settings& settings) const;
 

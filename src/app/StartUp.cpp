@@ -159,7 +159,6 @@ void Form1::ShowFirstTime() {
 void Form1::SaveSettings() {
     if (!started_) return;
     favorites_.SavePending();
-    if (!saveOnExit_) return;
     CaptureColumns(maximized_);
     settings_.WriteNumber(Key::FavColSort, favorites_.SortColumn());
     settings_.WriteBool(Key::FavSortDir, favorites_.SortAscending());
