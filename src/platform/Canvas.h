@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string_view>
 
 #include "platform/Geometry.h"
@@ -92,6 +93,10 @@ private:
     Canvas& canvas_;
     int saved_ = 0;
 };
+
+// A new picture without alpha, in colour `ground` and with what `draw` draws on it; empty on failure.
+// CreateDIBSection.
+PictureHandle drawPicture(Size size, Color ground, const std::function<void(Canvas&)>& draw);
 
 // Width and height of the text on one line, or wrapped to `wrapWidth` pixels when that is above 0.
 // DrawTextA with DT_CALCRECT.

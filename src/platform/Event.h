@@ -44,6 +44,9 @@ struct KeyEvent {
     Modifiers modifiers;
 };
 
+// What the user does to an icon in the notification area.
+enum class TrayEvent { LeftUp, LeftDoubleClick, RightUp, BalloonClicked };
+
 enum class WindowState { Normal, Minimized, Maximized };
 
 }  // namespace platform

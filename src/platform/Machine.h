@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace platform {
@@ -13,6 +14,27 @@ int processorCount();
 // QueryPerformanceCounter, QueryPerformanceFrequency.
 std::int64_t performanceCounter();
 std::int64_t performanceFrequency();
+
+// The system's own figures, each nullopt when the system refuses. NtQuerySystemInformation.
+// Number of processors (class 0: basic information, one byte).
+std::optional<int> systemProcessors();
+// The time of day in 100-ns units since 1601 (class 3).
+std::optional<std::int64_t> systemTimeOfDay();
+// Time that all processors together have been idle since the system started, in 100-ns units (class 2).
+std::optional<std::int64_t> systemIdleTime();
+
+struct PhysicalMemory {
+    std::uint64_t total = 0;      // bytes
+    std::uint64_t available = 0;  // bytes
+};
+// nullopt when the system refuses. GlobalMemoryStatusEx.
+std::optional<PhysicalMemory> physicalMemory();
+
+// A text of the machine's part of the registry (below HKEY_LOCAL_MACHINE), up to its first NUL; empty when it
+// cannot be read. RegOpenKeyExA, RegQueryValueExA.
+std::string machineText(const std::string& key, const std::string& name);
+// A DWORD there; 0 when it cannot be read.
+std::uint32_t machineNumber(const std::string& key, const std::string& name);
 
 // The Windows directory without trailing "\" (usually), empty on failure. GetWindowsDirectoryA.
 std::string windowsDirectory();

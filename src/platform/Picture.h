@@ -29,6 +29,12 @@ PictureHandle loadPictureResource(int id);
 
 // A new picture with alpha showing the icon at `size` pixels on a transparent ground.
 PictureHandle pictureFromIcon(std::uintptr_t icon, int size);
+// An icon of the picture's size in which the pixels of colour `transparent` (0x00BBGGRR) are see-through and all
+// others opaque; empty on failure. Takes the picture and deletes it whether or not there is an icon.
+// BitBlt, CreateIconIndirect.
+IconHandle iconFromPicture(PictureHandle picture, std::uint32_t transparent);
+// Gives every pixel that is exactly `from` the colour `to`, row by row (0x00BBGGRR). GetPixel, SetPixelV.
+void replaceColor(PictureHandle& picture, std::uint32_t from, std::uint32_t to);
 // Reads and writes BMP files; a file that is missing, damaged or larger than 256 x 256 gives an empty handle.
 PictureHandle loadPictureFile(const std::string& path);
 bool savePictureFile(const std::string& path, const PictureHandle& picture);

@@ -32,6 +32,8 @@ void Window::onClose() {
     destroy();
 }
 void Window::onEndSession() {}
+void Window::onTray(TrayEvent) {}
+void Window::onTextChanged() {}
 void Window::onTaskbarCreated() {}
 void Window::onDestroyed() {}
 Size Window::minimumSize() const {

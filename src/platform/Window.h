@@ -56,7 +56,10 @@ public:
     WindowState state() const;       // IsIconic, IsZoomed
     void bringToFront();             // SetForegroundWindow
     void setTopmost(bool topmost);   // SetWindowPos
-    void enable(bool enabled);       // EnableWindow
+    // A drop shadow behind every window of this one's class and behind the dialogs created with such a window as
+    // parent. CS_DROPSHADOW, SetClassLongA (GCL_STYLE).
+    void addDropShadow();
+    void enable(bool enabled);  // EnableWindow
     bool enabled() const;
     void setText(const std::string& text);  // SetWindowTextA
     std::string text() const;
@@ -101,6 +104,10 @@ protected:
     virtual void onClose();
     // The session ends: log-off or shut-down. Last chance to save.
     virtual void onEndSession();
+    // Something happened to an icon that this window owns (Tray.h).
+    virtual void onTray(TrayEvent event);
+    // The window's text was set, by this program or another one. WM_SETTEXT.
+    virtual void onTextChanged();
     virtual void onTaskbarCreated();  // the shell came (back): the tray icon must be added again
     virtual void onDestroyed();       // children are gone already
     // Smallest size of the whole window the user can drag to; 0 x 0 for no limit.

@@ -10,6 +10,7 @@
 
 #include "platform/Canvas.h"
 #include "platform/Event.h"
+#include "platform/Menu.h"
 #include "platform/Process.h"
 #include "platform/Store.h"
 #include "platform/Tray.h"
@@ -42,6 +43,11 @@ Process* findProcess(ProcessId id);          // nullptr when it is gone; valid u
 std::vector<std::uint32_t> accessesAsked();  // rights of every openProcess since reset or clearLog, in order
 void setProcessorCount(int count);
 void failEnumeration(bool fail);
+// The processors are idle as far as the processes' loads leave them; systemIdleTime counts it.
+void failSystemFigures(bool fail);  // processors, time of day, idle time and memory are refused
+void setPhysicalMemory(std::uint64_t total, std::uint64_t available);  // bytes; 8 GB and 4 GB at first
+void putMachineText(const std::string& key, const std::string& name, const std::string& value);
+void putMachineNumber(const std::string& key, const std::string& name, std::uint32_t value);
 
 // ---- clock ----
 void advance(std::uint32_t milliseconds);  // moves the clock without running anything; loads use processor time
@@ -92,6 +98,24 @@ void whenModal(std::function<void(Window& dialog)> script);
 // Answers the next chooseFile; without one it is cancelled.
 void whenChoosingFile(std::optional<std::string> answer);
 
+// Answers the next showMenu with an id (0: dismissed) that the menu must offer enabled; without a script it is
+// dismissed.
+void whenMenu(std::function<int(const std::vector<MenuItem>& items)> script);
+void trayEvent(TrayEvent event);  // the user at the first icon of the notification area; there must be one
+bool hasDropShadow(const Window& window);
+
+// ---- other programs ----
+void holdMutex(const std::string& name);  // another program made it, and keeps it
+
+// ---- balloon tips ----
+struct Tip {
+    std::string target;  // title of the window explained
+    std::string title, text;
+    int autoPop = 0, initial = 0;  // milliseconds
+};
+std::vector<Tip> tips();       // of the tooltip windows that exist, whether or not the pointer rests there
+void failTooltips(bool fail);  // createTooltip gives nothing
+
 // ---- what was drawn ----
 struct Drawn {
     std::string what;  // "fill", "frame", "line", "pixel", "gradient", "edge", "focus", "text", "icon", "picture",
@@ -121,12 +145,17 @@ struct TrayIcon {
     std::uint32_t id = 0;
     std::uintptr_t icon = 0;
     std::string tip;
+    // The shell's own copy of the icon, which lives on when the icon is destroyed.
+    std::string source;  // "#1" for resource 1, a path for an extracted one, "" for one made from a picture
+    Size size;
+    std::vector<Color> pixels;  // row by row, kUnpainted where transparent; only of icons made from a picture
 };
 std::vector<TrayIcon> trayIcons();
 struct Balloon {
     std::string title, text;
     BalloonIcon icon = BalloonIcon::None;
 };
+void failIcons(bool fail);        // iconFromPicture gives nothing
 std::vector<Balloon> balloons();  // every balloon since reset
 void setShellRunning(bool running);
 std::vector<std::string> sounds();
@@ -135,8 +164,9 @@ std::vector<std::string> log();              // operations in order, as "trayAdd
 void clearLog();
 int quitCode();  // of postQuit; -1 when it was not called
 
-// Handles of every kind that are open: processes, tokens, timers, icons, pictures, windows.
+// Handles of every kind that are open: processes, tokens, timers, icons, pictures, windows, mutexes, tooltips.
 int openHandles();
-int openHandles(const std::string& kind);  // "process", "token", "timer", "icon", "picture", "window"
+int openHandles(const std::string& kind);  // "process", "token", "timer", "icon", "picture", "window", "mutex",
+                                           // "tooltip"
 
 }  // namespace platform::sim
