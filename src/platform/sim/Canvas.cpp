@@ -26,7 +26,7 @@ PaintContext& contextOf(void* native) {
 Drawn* record(PaintContext& context, const char* what, const Rect& area, Color color = 0) {
     if (!area.intersects(context.clip)) return nullptr;
     ++machine().desktop.drawCount;
-    Drawn& drawn = context.record.drawn.emplace_back();
+    Drawn& drawn = context.drawn.emplace_back();
     drawn.what = what;
     drawn.area = area;
     drawn.color = color;
@@ -221,6 +221,17 @@ ClipGuard::~ClipGuard() {
     PaintContext& context = contextOf(canvas_.native_);
     context.clip = context.saved[static_cast<std::size_t>(saved_)];
     context.saved.resize(static_cast<std::size_t>(saved_));
+}
+
+PictureHandle drawPicture(Size size, Color ground, const std::function<void(Canvas&)>& draw) {
+    if (size.width <= 0 || size.height <= 0) return {};
+    const std::size_t area = static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height);
+    PictureData picture{size, false, std::vector<std::uint32_t>(area, ground)};
+    std::vector<Drawn> drawn;  // counted, but nobody can ask for it
+    PaintContext context{picture.size, picture.pixels, drawn, Rect::fromSize({}, size), {}};
+    Canvas canvas(&context);
+    if (draw) draw(canvas);
+    return PictureHandle(machine().pictures.add(std::move(picture)));
 }
 
 Size textSize(std::string_view text, Font font, int wrapWidth) {

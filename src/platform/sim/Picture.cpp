@@ -97,7 +97,32 @@ PictureHandle open(PictureData picture) {
 }
 
 IconHandle openIcon(std::string source, int size) {
-    return IconHandle(machine().icons.add({std::move(source), size}));
+    return IconHandle(machine().icons.add({std::move(source), {size, size}, {}}));
+}
+
+// An icon of a file or resource looks like a square of its own colour that leaves a transparent border.
+PictureData lookOf(const std::string& source, int size) {
+    std::uint32_t color = 2166136261U;
+    for (const char letter : source) color = (color ^ static_cast<unsigned char>(letter)) * 16777619U;
+    PictureData picture{{size, size}, true, {}};
+    const Rect inside = Rect::fromSize({}, picture.size).inset(size / 8, size / 8);
+    for (int y = 0; y < size; ++y) {
+        for (int x = 0; x < size; ++x) picture.pixels.push_back(inside.contains({x, y}) ? color | 0xFF000000U : 0);
+    }
+    return picture;
+}
+
+// An icon made from a picture, stretched to a square.
+PictureData stretched(const sim::IconData& icon, int size) {
+    PictureData picture{{size, size}, true, {}};
+    for (int y = 0; y < size; ++y) {
+        const int row = y * icon.size.height / size * icon.size.width;
+        for (int x = 0; x < size; ++x) {
+            const Color color = icon.pixels[static_cast<std::size_t>(row + x * icon.size.width / size)];
+            picture.pixels.push_back(color == sim::kUnpainted ? 0 : color | 0xFF000000U);
+        }
+    }
+    return picture;
 }
 
 bool isProgram(const std::string& path) {
@@ -108,6 +133,9 @@ bool isProgram(const std::string& path) {
 }  // namespace
 
 void IconTag::close(std::uintptr_t raw) noexcept {
+    // Icons made from pictures come and go all the time, so they stay out of the log.
+    const sim::IconData* data = machine().icons.find(raw);
+    if (data != nullptr && !data->source.empty()) sim::note("destroyIcon", data->source);
     machine().icons.remove(raw);
 }
 
@@ -133,18 +161,29 @@ PictureHandle loadPictureResource(int id) {
     return open({strip, false, std::vector<std::uint32_t>(area(strip), rgb(128, 128, 128))});
 }
 
-// An icon looks like a square of its own colour that leaves a transparent border.
 PictureHandle pictureFromIcon(std::uintptr_t icon, int size) {
     const sim::IconData* data = machine().icons.find(icon);
     if (data == nullptr || size <= 0 || size > kMostPixels) return {};
-    std::uint32_t color = 2166136261U;
-    for (const char letter : data->source) color = (color ^ static_cast<unsigned char>(letter)) * 16777619U;
-    PictureData picture{{size, size}, true, {}};
-    const Rect inside = Rect::fromSize({}, picture.size).inset(size / 8, size / 8);
-    for (int y = 0; y < size; ++y) {
-        for (int x = 0; x < size; ++x) picture.pixels.push_back(inside.contains({x, y}) ? color | 0xFF000000U : 0);
+    return open(data->pixels.empty() ? lookOf(data->source, size) : stretched(*data, size));
+}
+
+IconHandle iconFromPicture(PictureHandle picture, std::uint32_t transparent) {
+    const PictureData* data = machine().pictures.find(picture.raw());
+    if (data == nullptr || machine().iconsFail) return {};
+    sim::IconData icon{{}, data->size, data->pixels};
+    for (Color& pixel : icon.pixels) {
+        pixel &= 0xFFFFFFU;
+        if (pixel == transparent) pixel = sim::kUnpainted;
     }
-    return open(std::move(picture));
+    return IconHandle(machine().icons.add(std::move(icon)));
+}
+
+void replaceColor(PictureHandle& picture, std::uint32_t from, std::uint32_t to) {
+    PictureData* data = machine().pictures.find(picture.raw());
+    if (data == nullptr) return;
+    for (std::uint32_t& pixel : data->pixels) {
+        if ((pixel & 0xFFFFFFU) == from) pixel = to;
+    }
 }
 
 PictureHandle loadPictureFile(const std::string& path) {
@@ -160,6 +199,10 @@ bool savePictureFile(const std::string& path, const PictureHandle& picture) {
 Size pictureSize(const PictureHandle& picture) {
     const PictureData* data = machine().pictures.find(picture.raw());
     return data == nullptr ? Size{} : data->size;
+}
+
+void sim::failIcons(bool refuse) {
+    machine().iconsFail = refuse;
 }
 
 void sim::setPictureResource(int id, Size size, std::vector<Color> pixels) {

@@ -82,6 +82,7 @@ std::optional<std::uint32_t> processAffinityMask(const ProcessHandle& process) {
 bool setProcessAffinityMask(const ProcessHandle& process, std::uint32_t mask) {
     sim::Process* found = running(process, kSetInformation);
     if (found == nullptr || mask == 0 || (mask & ~systemMask()) != 0) return false;
+    sim::note("setAffinity", std::to_string(found->id) + " " + std::to_string(mask));
     found->affinityMask = mask;
     return true;
 }
@@ -94,6 +95,7 @@ std::uint32_t priorityClass(const ProcessHandle& process) {
 bool setPriorityClass(const ProcessHandle& process, std::uint32_t value) {
     sim::Process* found = running(process, kSetInformation);
     if (found == nullptr || !isPriorityClass(value)) return false;
+    sim::note("setPriorityClass", std::to_string(found->id) + " " + std::to_string(value));
     found->priorityClass = value;
     return true;
 }

@@ -71,6 +71,8 @@ int openHandles(const std::string& kind) {
     if (kind == "token") return state.processes.tokens.count();
     if (kind == "icon") return state.icons.count();
     if (kind == "picture") return state.pictures.count();
+    if (kind == "mutex") return state.mutexHandles.count();
+    if (kind == "tooltip") return static_cast<int>(state.tooltips.size());
     if (kind == "window") return static_cast<int>(state.desktop.windows.size());
     if (kind != "timer") fail("openHandles: no such kind");
     int count = 0;
@@ -80,7 +82,9 @@ int openHandles(const std::string& kind) {
 
 int openHandles() {
     int count = 0;
-    for (const char* kind : {"process", "token", "timer", "icon", "picture", "window"}) count += openHandles(kind);
+    for (const char* kind : {"process", "token", "timer", "icon", "picture", "window", "mutex", "tooltip"}) {
+        count += openHandles(kind);
+    }
     return count;
 }
 

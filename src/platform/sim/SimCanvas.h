@@ -1,4 +1,4 @@
-// What a Canvas of the simulated machine draws on: the pixels and the record of the window that paints.
+// What a Canvas of the simulated machine draws on: the pixels of a window or a picture, and where it is recorded.
 #pragma once
 
 #include <algorithm>
@@ -9,15 +9,15 @@
 namespace platform::sim {
 
 struct PaintContext {
-    WindowRecord& record;
+    Size& size;
+    std::vector<Color>& pixels;
+    std::vector<Drawn>& drawn;
     Rect clip;
     std::vector<Rect> saved;  // clips to come back to
 
-    // The part of an area that has pixels to set. The buffer is asked too: a paint within the paint may shrink it.
-    Rect visible(const Rect& area) const {
-        return area.intersect(clip).intersect(Rect::fromSize({}, record.bufferSize));
-    }
-    Color* row(int y) { return record.buffer.data() + static_cast<std::ptrdiff_t>(y) * record.bufferSize.width; }
+    // The part of an area that has pixels to set. The size is asked too: a paint within the paint may shrink it.
+    Rect visible(const Rect& area) const { return area.intersect(clip).intersect(Rect::fromSize({}, size)); }
+    Color* row(int y) { return pixels.data() + static_cast<std::ptrdiff_t>(y) * size.width; }
     void fill(const Rect& area, Color color) {
         const Rect inside = visible(area);
         if (inside.empty()) return;

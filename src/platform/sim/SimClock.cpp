@@ -1,4 +1,5 @@
 // The clock, and what a message loop does as it moves: due timers one at a time, paints before them.
+#include <algorithm>
 #include <cmath>
 
 #include "platform/sim/SimDesktop.h"
@@ -31,6 +32,17 @@ void fire(TimerRecord& timer) {
     }
 }
 
+// What waits in the queue without being due at a time.
+void dispatchWaiting() {
+    auto& requests = machine().desktop.showRequests;
+    while (!requests.empty()) {
+        const WindowPointer window = findRecord(requests.front());
+        requests.pop_front();
+        if (window) showNormal(window);
+    }
+    paintInvalid();
+}
+
 }  // namespace
 
 std::uint64_t fileTime(std::uint64_t milliseconds) {
@@ -41,10 +53,13 @@ void moveClock(std::uint64_t milliseconds) {
     Machine& state = machine();
     if (milliseconds <= state.now) return;
     const double passed = static_cast<double>(milliseconds - state.now) * 10'000.0;
+    double idle = state.processes.processorCount;
     for (const auto& record : state.processes.inOrder) {
         if (record->data.load <= 0) continue;
+        idle -= record->data.load;
         record->data.user += static_cast<std::uint64_t>(std::llround(passed * record->data.load));
     }
+    state.figures.idleTime += std::llround(passed * std::max(0.0, idle));
     state.now = milliseconds;
 }
 
@@ -54,11 +69,11 @@ void advance(std::uint32_t milliseconds) {
 
 void run(std::uint32_t milliseconds) {
     const std::uint64_t end = machine().now + milliseconds;
-    paintInvalid();
+    dispatchWaiting();
     while (TimerRecord* timer = firstDue(end)) {
         moveClock(timer->due);
         fire(*timer);
-        paintInvalid();
+        dispatchWaiting();
     }
     moveClock(end);
 }

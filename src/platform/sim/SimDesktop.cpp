@@ -191,6 +191,20 @@ void moveFocus(const WindowPointer& from, bool backward) {
     setFocus(last ? stops.front() : *(at + 1));
 }
 
+void setTitle(const WindowPointer& record, const std::string& text) {
+    record->title = text.c_str();
+    if (record->object != nullptr) WindowAccess::textChanged(*record->object);
+}
+
+bool hasShadow(const WindowRecord& record) {
+    return record.ownersShadow || machine().desktop.shadowClasses.count(record.className) != 0;
+}
+
+bool hasDropShadow(const Window& window) {
+    const WindowPointer record = findRecord(window.native());
+    return record && hasShadow(*record);
+}
+
 void sendTimer(std::uintptr_t window, int id) {
     if (const WindowPointer record = findRecord(window); record && record->object != nullptr) {
         WindowAccess::timer(*record->object, id);
@@ -205,6 +219,7 @@ void sendSize(const WindowPointer& record) {
 void destroyRecord(const WindowPointer& record, bool silently) {
     if (record->destroying) return;
     record->destroying = true;
+    if (record->kind != WindowKind::Child) note("destroyWindow", record->title);
     if (silently) {
         record->object = nullptr;
         silence(*record);

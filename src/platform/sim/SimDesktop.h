@@ -23,6 +23,8 @@ struct WindowAccess {
     static void systemColors(Window& to) { to.onSystemColors(); }
     static void close(Window& to) { to.onClose(); }
     static void endSession(Window& to) { to.onEndSession(); }
+    static void tray(Window& to, TrayEvent event) { to.onTray(event); }
+    static void textChanged(Window& to) { to.onTextChanged(); }
     static void taskbarCreated(Window& to) { to.onTaskbarCreated(); }
     static void destroyed(Window& to) { to.onDestroyed(); }
     static Size minimumSize(const Window& of) { return of.minimumSize(); }
@@ -57,6 +59,10 @@ void leaveFocusInside(const WindowPointer& window);        // as it hides or goe
 void moveFocus(const WindowPointer& from, bool backward);  // what Tab does
 void setCapture(std::uintptr_t native);                    // 0: nobody; tells the loser
 void cancelCaptureInside(const WindowRecord& window);
+
+void showNormal(const WindowPointer& window);  // shows, restores and activates a top-level window
+void setTitle(const WindowPointer& record, const std::string& text);
+bool hasShadow(const WindowRecord& record);
 
 void sendTimer(std::uintptr_t window, int id);
 void sendSize(const WindowPointer& record);

@@ -53,6 +53,7 @@ Target aim(std::uintptr_t native, Point at) {
     if (!record) return {};
     const Point origin = clientOrigin(*record);
     const Point screen{origin.x + at.x, origin.y + at.y};
+    desktop.pointer = screen;
     const bool inside = Rect::fromSize({}, clientSizeOf(*record)).contains(at);
     desktop.underPointer = inside && isVisible(*record) ? native : windowFromPoint(screen);
     if (const WindowPointer holder = findRecord(desktop.capture)) {

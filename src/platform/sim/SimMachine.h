@@ -9,12 +9,15 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <utility>
+#include <variant>
 #include <vector>
 
+#include "platform/Machine.h"
 #include "platform/sim/Sim.h"
 
 namespace platform::sim {
@@ -82,6 +85,21 @@ struct ProcessTable {
     bool enumerationFails = false;
 };
 
+// What the system says about the whole machine.
+struct Figures {
+    bool refused = false;
+    std::int64_t idleTime =
+        std::int64_t{4} * 3'600'000 * 10'000;  // idle since it started, as `now` of Machine says
+    PhysicalMemory memory{std::uint64_t{8} << 30, std::uint64_t{4} << 30};
+    std::map<std::string, std::variant<std::string, std::uint32_t>> registry;  // by lower-case "key\\name"
+};
+
+struct NamedMutex {
+    int handles = 0;
+    bool owned = false;          // by this program
+    bool heldElsewhere = false;  // another program has a handle too
+};
+
 struct FileEntry {
     std::string path;  // in its true case
     std::string content;
@@ -111,13 +129,21 @@ struct TimerRecord {
 };
 
 struct IconData {
-    std::string source;  // program file, or number of the resource
-    int size = 0;
+    std::string source;  // program file, or number of the resource; empty when made from a picture
+    Size size;
+    std::vector<Color> pixels;  // kUnpainted where transparent; only when made from a picture
 };
 struct PictureData {
     Size size;
     bool alpha = false;
     std::vector<std::uint32_t> pixels;  // rows from the top, 0xAABBGGRR, premultiplied when there is alpha
+};
+
+struct Tooltip {
+    std::map<std::uintptr_t, std::string> tools;  // text by the window explained
+    std::string title;
+    int autoPop = 0;  // milliseconds; 0: never set
+    int initial = 0;
 };
 
 struct WindowRecord {
@@ -139,7 +165,9 @@ struct WindowRecord {
     bool topmost = false;
     bool acceptsFiles = false;
     bool destroying = false;
-    std::uintptr_t modalOwner = 0;  // disabled until this dialog hides or goes
+    bool ownersShadow = false;  // a dialog whose parent had a drop shadow when it was created
+    std::map<std::string, std::uintptr_t> properties;  // by lower-case name
+    std::uintptr_t modalOwner = 0;                     // disabled until this dialog hides or goes
     Pointer pointer = Pointer::Arrow;
     std::uintptr_t lastFocus = 0;  // top-level: what gets the focus when it is activated again
     Rect invalid;
@@ -159,12 +187,16 @@ struct Desktop {
     std::uintptr_t capture = 0;
     std::uintptr_t underPointer = 0;
     std::uintptr_t hovered = 0;  // got a move, and no leave since
+    Point pointer;               // screen pixels
     bool leftHeld = false;
     int busy = 0;
     int quitCode = -1;
     std::uint64_t drawCount = 0;
     std::deque<std::function<void(Window&)>> modalScripts;
     std::deque<std::optional<std::string>> fileAnswers;
+    std::deque<std::function<int(const std::vector<MenuItem>&)>> menuScripts;
+    std::deque<std::uintptr_t> showRequests;  // of showNormalAsync, until messages run
+    std::set<std::string> shadowClasses;
 };
 
 struct ShellIcon {
@@ -178,12 +210,18 @@ struct Machine {
     std::uint64_t now = 3'600'000;  // milliseconds since the machine started
     std::int64_t performanceFrequency = 10'000'000;
     ProcessTable processes;
+    Figures figures;
+    std::map<std::string, NamedMutex> mutexes;
+    HandleTable<std::string> mutexHandles;  // the mutex's name
     Disk disk;
     std::map<std::string, std::map<std::string, StoreValue>> store;  // lower-case section, lower-case key
     std::vector<TimerRecord> timers;
     HandleTable<IconData> icons;
     HandleTable<PictureData> pictures;
+    bool iconsFail = false;
     std::map<int, PictureData> pictureResources;
+    std::map<std::uintptr_t, Tooltip> tooltips;  // ascending: in order of creation
+    bool tooltipsFail = false;
     Desktop desktop;
     std::vector<ShellIcon> trayIcons;
     std::vector<Balloon> balloons;

@@ -56,7 +56,7 @@ void paintRecord(const WindowPointer& record) {
     if (dirty.empty() || record->object == nullptr) return;
     fitBuffer(*record, clientSizeOf(*record));
     record->drawn.clear();
-    PaintContext context{*record, dirty, {}};
+    PaintContext context{record->bufferSize, record->buffer, record->drawn, dirty, {}};
     context.fill(dirty, kUnpainted);
     Canvas canvas(&context);
     WindowAccess::paint(*record->object, canvas, dirty);

@@ -20,6 +20,7 @@ const sim::StoreValue* findValue(const std::string& section, const std::string& 
 }  // namespace
 
 std::optional<std::string> storeRead(const std::string& section, const std::string& key) {
+    sim::note("storeRead", key);
     const sim::StoreValue* found = findValue(section, key);
     if (found == nullptr || !found->isText) return std::nullopt;
     return std::string(found->value.c_str());
@@ -43,7 +44,9 @@ void putSetting(const std::string& section, const std::string& key, const std::s
 }
 
 std::optional<std::string> setting(const std::string& section, const std::string& key) {
-    return storeRead(section, key);
+    const StoreValue* found = findValue(section, key);
+    if (found == nullptr || !found->isText) return std::nullopt;
+    return std::string(found->value.c_str());
 }
 
 void putBinarySetting(const std::string& section, const std::string& key) {

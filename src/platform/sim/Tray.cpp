@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "platform/sim/SimDesktop.h"
 #include "platform/sim/SimMachine.h"
 
 namespace platform {
@@ -20,12 +21,23 @@ sim::ShellIcon* findIcon(const Window& owner, std::uint32_t id) {
     return found == state.trayIcons.end() ? nullptr : &*found;
 }
 
+// The shell copies the icon; one that is not open gives it nothing to show.
+sim::TrayIcon shellCopy(std::uint32_t id, std::uintptr_t icon, const std::string& tip) {
+    sim::TrayIcon copy{id, icon, tip.substr(0, 127), {}, {}, {}};
+    if (const sim::IconData* data = machine().icons.find(icon)) {
+        copy.source = data->source;
+        copy.size = data->size;
+        copy.pixels = data->pixels;
+    }
+    return copy;
+}
+
 }  // namespace
 
 bool trayAdd(const Window& owner, std::uint32_t id, std::uintptr_t icon, const std::string& tip) {
     sim::note("trayAdd", std::to_string(id));
     if (!machine().shellRunning || !owner.exists() || findIcon(owner, id) != nullptr) return false;
-    machine().trayIcons.push_back({owner.native(), {id, icon, tip.substr(0, 127)}});
+    machine().trayIcons.push_back({owner.native(), shellCopy(id, icon, tip)});
     return true;
 }
 
@@ -33,7 +45,7 @@ bool trayModify(const Window& owner, std::uint32_t id, std::uintptr_t icon, cons
     sim::note("trayModify", std::to_string(id));
     sim::ShellIcon* shown = findIcon(owner, id);
     if (shown == nullptr) return false;
-    shown->icon = {id, icon, tip.substr(0, 127)};
+    shown->icon = shellCopy(id, icon, tip);
     return true;
 }
 
@@ -59,6 +71,12 @@ std::vector<TrayIcon> trayIcons() {
     std::vector<TrayIcon> icons;
     for (const ShellIcon& shown : machine().trayIcons) icons.push_back(shown.icon);
     return icons;
+}
+
+void trayEvent(TrayEvent event) {
+    if (machine().trayIcons.empty()) fail("trayEvent: there is no icon in the notification area");
+    const WindowPointer owner = findRecord(machine().trayIcons.front().owner);
+    if (owner && owner->object != nullptr) WindowAccess::tray(*owner->object, event);
 }
 
 std::vector<Balloon> balloons() {

@@ -96,6 +96,11 @@ void bringUp(const WindowPointer& record, ShowCommand command) {
 
 }  // namespace
 
+void sim::showNormal(const WindowPointer& window) {
+    window->restoreToMaximized = false;
+    bringUp(window, window->state == WindowState::Normal ? ShowCommand::Show : ShowCommand::Restore);
+}
+
 Window::~Window() {
     if (const WindowPointer record = findRecord(native_)) sim::destroyRecord(record, true);
 }
@@ -114,6 +119,7 @@ bool Window::create(const WindowSpec& spec) {
     record->bounds = record->normal = spec.bounds;
     record->tabStop = spec.tabStop;
     record->shown = child;
+    record->ownersShadow = spec.kind == WindowKind::Dialog && parent && sim::hasShadow(*parent);
     machine().desktop.windows.emplace(record->native, record);
     if (child) parent->children.push_back(record->native);
     sim::invalidateTree(*record);
@@ -160,6 +166,13 @@ void Window::setTopmost(bool topmost) {
     record->topmost = topmost;
 }
 
+void Window::addDropShadow() {
+    const WindowPointer record = findRecord(native_);
+    if (!record) return;
+    sim::note("addDropShadow", record->title);
+    machine().desktop.shadowClasses.insert(record->className);
+}
+
 void Window::enable(bool enabled) {
     const WindowPointer record = findRecord(native_);
     if (!record || record->enabled == enabled) return;
@@ -175,7 +188,7 @@ bool Window::enabled() const {
 }
 
 void Window::setText(const std::string& text) {
-    if (const WindowPointer record = findRecord(native_)) record->title = text.c_str();
+    if (const WindowPointer record = findRecord(native_)) sim::setTitle(record, text);
 }
 
 std::string Window::text() const {
