@@ -34,6 +34,14 @@ void endSession(platform::Window& main);          // likewise
 // runModal, with `script` run once the dialog is up: it must end the dialog.
 void runModal(platform::Window& dialog, platform::Window& owner, std::function<void()> script);
 
+// The user at the icon that `owner` has put into the notification area.
+void trayEvent(platform::Window& owner, std::uint32_t iconId, platform::TrayEvent event);
+
+// What the user does as soon as the next menu is up: goes down by so many items (separators are none) and chooses,
+// or dismisses it. The menu stays up long enough for a timer of 10 ms to fire.
+void answerMenu(int downs);
+void dismissMenu();
+
 // A program file that has an icon.
 std::string programWithIcon();
 

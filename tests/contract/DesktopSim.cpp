@@ -67,6 +67,24 @@ void runModal(Window& dialog, Window& owner, std::function<void()> script) {
     platform::runModal(dialog, owner);
 }
 
+void trayEvent(Window&, std::uint32_t, platform::TrayEvent event) {
+    sim::trayEvent(event);
+}
+
+void answerMenu(int downs) {
+    sim::whenMenu([downs](const std::vector<platform::MenuItem>& items) {
+        int passed = 0;
+        for (const platform::MenuItem& item : items) {
+            if (item.id != 0 && ++passed == downs) return item.id;
+        }
+        return 0;
+    });
+}
+
+void dismissMenu() {
+    sim::whenMenu([](const std::vector<platform::MenuItem>&) { return 0; });
+}
+
 std::string programWithIcon() {
     return platform::programPath();
 }

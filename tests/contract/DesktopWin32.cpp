@@ -7,6 +7,7 @@
 #include <shlobj.h>
 
 #include <cstring>
+#include <utility>
 
 namespace contract {
 
@@ -51,6 +52,27 @@ void holdAll(platform::Modifiers modifiers) {
     hold(VK_SHIFT, modifiers.shift);
     hold(VK_CONTROL, modifiers.ctrl);
     hold(VK_MENU, modifiers.alt);
+}
+
+// The keys for the next menu, posted by a timer once it is up. They go to the thread: the menu takes them from the
+// queue, whatever window they are for.
+std::vector<WPARAM>& menuKeys() {
+    static std::vector<WPARAM> keys;
+    return keys;
+}
+
+void CALLBACK typeIntoMenu(HWND, UINT, UINT_PTR timer, DWORD) {
+    GUITHREADINFO thread{};
+    thread.cbSize = sizeof thread;
+    if (!GetGUIThreadInfo(GetCurrentThreadId(), &thread) || (thread.flags & GUI_POPUPMENUMODE) == 0) return;
+    KillTimer(nullptr, timer);
+    for (const WPARAM key : menuKeys()) PostMessageA(thread.hwndMenuOwner, WM_KEYDOWN, key, 0);
+    menuKeys().clear();
+}
+
+void typeWhenMenuIsUp(std::vector<WPARAM> keys) {
+    menuKeys() = std::move(keys);
+    SetTimer(nullptr, 0, 100, typeIntoMenu);
 }
 
 }  // namespace
@@ -144,6 +166,21 @@ void runModal(Window& dialog, Window& owner, std::function<void()> script) {
         run();
     });
     platform::runModal(dialog, owner);
+}
+
+void trayEvent(Window& owner, std::uint32_t iconId, platform::TrayEvent event) {
+    constexpr LPARAM kCodes[] = {WM_LBUTTONUP, WM_LBUTTONDBLCLK, WM_RBUTTONUP, NIN_BALLOONUSERCLICK};
+    SendMessageA(hwndOf(owner), WM_MOUSEMOVE, iconId, kCodes[static_cast<int>(event)]);
+}
+
+void answerMenu(int downs) {
+    std::vector<WPARAM> keys(static_cast<std::size_t>(downs), VK_DOWN);
+    keys.push_back(VK_RETURN);
+    typeWhenMenuIsUp(std::move(keys));
+}
+
+void dismissMenu() {
+    typeWhenMenuIsUp({VK_ESCAPE});
 }
 
 std::string programWithIcon() {

@@ -28,3 +28,33 @@ TEST_CASE("the performance counter runs forward") {
     const std::int64_t start = platform::performanceCounter();
     CHECK(contract::waitFor([&] { return platform::performanceCounter() - start > frequency / 20; }));
 }
+
+TEST_CASE("the system's own figures") {
+    contract::freshMachine();
+    const std::optional<int> processors = platform::systemProcessors();
+    REQUIRE(processors);
+    CHECK(*processors == platform::processorCount());
+
+    const auto now = platform::systemTimeOfDay();
+    const auto idle = platform::systemIdleTime();
+    REQUIRE(now);
+    REQUIRE(idle);
+    CHECK(contract::waitFor([&] { return platform::systemTimeOfDay() > now; }));
+    // A machine that is busy elsewhere may take its time to be idle for a moment.
+    CHECK(contract::waitFor([&] { return platform::systemIdleTime() > idle; }, 60000));
+
+    const std::optional<platform::PhysicalMemory> memory = platform::physicalMemory();
+    REQUIRE(memory);
+    CHECK(memory->total >= std::uint64_t{64} << 20);
+    CHECK(memory->available > 0);
+    CHECK(memory->available <= memory->total);
+}
+
+TEST_CASE("what the machine's part of the registry lacks is empty") {
+    contract::freshMachine();
+    const std::string missing = "SOFTWARE\\No such key of Kestrum 2";
+    CHECK(platform::machineText(missing, "name").empty());
+    CHECK(platform::machineNumber(missing, "name") == 0);
+    CHECK(platform::machineText("", "no such value of Kestrum 2").empty());
+    CHECK(platform::machineNumber("", "no such value of Kestrum 2") == 0);
+}

@@ -9,6 +9,7 @@
 #include "contract/Bmp.h"
 #include "contract/Desktop.h"
 #include "contract/Machine.h"
+#include "platform/Canvas.h"
 #include "platform/Files.h"
 
 using contract::Bmp;
@@ -31,6 +32,11 @@ std::vector<std::uint32_t> savedPixels(const PictureHandle& picture) {
     const std::optional<std::string> file = readFile(pathOf("saved.bmp"));
     REQUIRE(file);
     return contract::pixelsOf(*file, pictureSize(picture));
+}
+
+std::vector<std::uint32_t> iconPixels(const IconHandle& icon, int size) {
+    REQUIRE(icon);
+    return savedPixels(pictureFromIcon(icon.raw(), size));
 }
 
 // A file that is right but for one number in its headers.
@@ -149,4 +155,67 @@ TEST_CASE("the icon of a program becomes a picture with alpha") {
     CHECK_FALSE(pictureFromIcon(0, 16));
     CHECK_FALSE(loadPictureResource(0));
     CHECK_FALSE(loadIconResource(0, 16));
+}
+
+TEST_CASE("a picture becomes an icon that is see-through where it has a certain colour") {
+    contract::freshMachine();
+    const std::uint32_t see = 0x00FF00FF;  // one that reads the same from both ends, and one that does not
+    for (const std::uint32_t transparent : {see, 0x00FFFFFFU, 0x00112233U, 0x00000000U}) {
+        CAPTURE(transparent);
+        const std::uint32_t asColor =
+            (transparent & 0xFF) << 16 | (transparent & 0xFF00) | (transparent & 0xFF0000) >> 16;
+        const int side = transparent == see ? 32 : 16;
+        // Black and white are colours like any other, and so is one that is almost the transparent one.
+        std::vector<std::uint32_t> pixels(static_cast<std::size_t>(side * side), transparent);
+        const std::uint32_t shown[] = {0x000000, 0xFFFFFF, 0xFF0000, 0x00FF00, 0x0000FF, 0x010203, transparent ^ 1};
+        for (std::size_t i = 0; i < std::size(shown); ++i)
+            pixels[i * 2 + static_cast<std::size_t>(side)] = shown[i];
+        std::vector<std::uint32_t> expected;
+        for (const std::uint32_t pixel : pixels) {
+            expected.push_back(pixel == transparent ? 0 : pixel | 0xFF000000U);
+        }
+        CHECK(iconPixels(iconFromPicture(load(fileOf({{side, side}, pixels, 24})), asColor), side) == expected);
+        // A picture with an alpha channel is taken for its colours.
+        for (std::uint32_t& pixel : pixels) pixel |= 0xFF000000U;
+        CHECK(iconPixels(iconFromPicture(load(fileOf({{side, side}, pixels, 32})), asColor), side) == expected);
+    }
+    CHECK_FALSE(iconFromPicture({}, 0));
+}
+
+TEST_CASE("a colour is replaced where it is exactly that") {
+    contract::freshMachine();
+    PictureHandle picture =
+        load(fileOf({{3, 2}, {0x102030, 0x102031, 0x302010, 0x102030, 0x000000, 0xFFFFFF}, 24}));
+    replaceColor(picture, rgb(0x10, 0x20, 0x30), rgb(0xFF, 0xFF, 0xFF));
+    replaceColor(picture, rgb(0xFF, 0xFF, 0xFF), rgb(1, 2, 3));
+    CHECK(savedPixels(picture) ==
+          std::vector<std::uint32_t>{0x010203, 0x102031, 0x302010, 0x010203, 0x000000, 0x010203});
+    PictureHandle none;
+    replaceColor(none, 0, 1);
+    CHECK_FALSE(none);
+}
+
+TEST_CASE("a picture is drawn in memory, without an alpha channel") {
+    contract::freshMachine();
+    const PictureHandle picture = drawPicture({4, 3}, rgb(1, 2, 3), [](Canvas& canvas) {
+        CHECK(canvas.needsPaint({3, 2, 4, 3}));
+        canvas.fill({1, 0, 3, 2}, rgb(255, 0, 0));
+        canvas.line({0, 2}, {3, 2}, rgb(0, 0, 255));
+        canvas.pixel({2, 1}, rgb(0, 0, 0));
+        canvas.fill({3, 0, 100, 1}, rgb(0, 255, 0));
+    });
+    REQUIRE(picture);
+    CHECK(savedPixels(picture) == std::vector<std::uint32_t>{0x010203, 0xFF0000, 0xFF0000, 0x00FF00,  //
+                                                             0x010203, 0xFF0000, 0x000000, 0x010203,  //
+                                                             0x0000FF, 0x0000FF, 0x0000FF, 0x010203});
+    CHECK(savedPixels(drawPicture({1, 1}, rgb(9, 8, 7), {})) == std::vector<std::uint32_t>{0x090807});
+    CHECK_FALSE(drawPicture({0, 5}, 0, {}));
+
+    // What draws itself by an alpha channel of its own leaves none behind.
+    const IconHandle icon = extractIcon(contract::programWithIcon(), 16);
+    const PictureHandle shown = drawPicture({16, 16}, rgb(255, 255, 255), [&](Canvas& canvas) {
+        canvas.icon({0, 0}, icon.raw(), 16);
+    });
+    const std::vector<std::uint32_t> pixels = savedPixels(shown);
+    CHECK(std::all_of(pixels.begin(), pixels.end(), [](std::uint32_t p) { return p >> 24 == 0; }));
 }

@@ -91,6 +91,11 @@ protected:
         if (!keepOpen) Window::onClose();
     }
     void onEndSession() override { note("endSession"); }
+    void onTray(TrayEvent event) override {
+        const char* names[] = {"left", "double", "right", "balloon"};
+        note(std::string("tray ") + names[static_cast<int>(event)]);
+    }
+    void onTextChanged() override { note("says " + text()); }
     void onTaskbarCreated() override { note("taskbar"); }
     void onDestroyed() override { note("destroyed"); }
     Size minimumSize() const override { return least; }

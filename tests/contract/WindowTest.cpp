@@ -38,6 +38,7 @@ TEST_CASE("a window comes into being with its text, place and first size") {
 
     child.setText("another name");
     CHECK(child.text() == "another name");
+    CHECK(log.back() == "child says another name");  // told when the text is there already
     main.show(ShowCommand::Show);
     CHECK(main.visible());
     CHECK(child.visible());
@@ -256,6 +257,20 @@ TEST_CASE("minimising and maximising change the state and keep the restored rect
     desk.main.show(ShowCommand::Restore);
     CHECK(desk.main.state() == WindowState::Normal);
     CHECK(desk.main.bounds() == normal);
+}
+
+TEST_CASE("a window that comes up minimised leaves the others in peace") {
+    Desk desk;
+    desk.b.focus();
+    Probe other("other", desk.log);
+    REQUIRE(other.createMain());
+    other.show(ShowCommand::Minimize);
+    CHECK(other.state() == WindowState::Minimized);
+    CHECK(other.visible());
+    CHECK(desk.b.focused());
+    other.show(ShowCommand::Restore);
+    CHECK(other.state() == WindowState::Normal);
+    CHECK_FALSE(desk.b.focused());
 }
 
 TEST_CASE("a main window does not get smaller than its smallest size") {
