@@ -21,9 +21,13 @@ sim::ShellIcon* findIcon(const Window& owner, std::uint32_t id) {
     return found == state.trayIcons.end() ? nullptr : &*found;
 }
 
+std::string shortTip(const std::string& tip) {
+    return tip.substr(0, 127);
+}
+
 // The shell copies the icon; one that is not open gives it nothing to show.
 sim::TrayIcon shellCopy(std::uint32_t id, std::uintptr_t icon, const std::string& tip) {
-    sim::TrayIcon copy{id, icon, tip.substr(0, 127), {}, {}, {}};
+    sim::TrayIcon copy{id, icon, shortTip(tip), {}, {}, {}};
     if (const sim::IconData* data = machine().icons.find(icon)) {
         copy.source = data->source;
         copy.size = data->size;
@@ -45,7 +49,11 @@ bool trayModify(const Window& owner, std::uint32_t id, std::uintptr_t icon, cons
     sim::note("trayModify", std::to_string(id));
     sim::ShellIcon* shown = findIcon(owner, id);
     if (shown == nullptr) return false;
-    shown->icon = shellCopy(id, icon, tip);
+    if (icon == 0) {
+        shown->icon.tip = shortTip(tip);
+    } else {
+        shown->icon = shellCopy(id, icon, tip);
+    }
     return true;
 }
 
