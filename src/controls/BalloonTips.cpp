@@ -1,0 +1,43 @@
+#include "controls/BalloonTips.h"
+
+#include <utility>
+
+namespace controls {
+
+namespace {
+constexpr int kAutoPopMilliseconds = 7000;
+constexpr int kInitialMilliseconds = 800;
+}  // namespace
+
+void BalloonTips::SetEnabled(bool enabled) {
+    // A tip watches its target by itself: one left behind would go on popping up.
+    if (std::exchange(enabled_, enabled) && !enabled) Remove();
+}
+
+void BalloonTips::Show(const std::string& text, const platform::Window& target, const std::string& title,
+                       bool force) {
+    if ((!force && !enabled_) || !target.exists() || ShownFor(target)) return;
+    Remove();
+    target_ = target.native();
+    created_ = true;
+    Make(text, target, title);
+}
+
+void BalloonTips::Make(const std::string& text, const platform::Window& target, const std::string& title) {
+    platform::TooltipHandle tooltip = platform::createTooltip();
+    if (!tooltip || !platform::addTool(tooltip, target, text)) return;
+    if (!title.empty()) platform::setTooltipTitle(tooltip, title);
+    platform::setTooltipDelays(tooltip, kAutoPopMilliseconds, kInitialMilliseconds);
+    tooltip_ = std::move(tooltip);
+}
+
+void BalloonTips::Remove() {
+    tooltip_.reset();
+    created_ = false;
+}
+
+bool BalloonTips::ShownFor(const platform::Window& target) const {
+    return created_ && target_ == target.native();
+}
+
+}  // namespace controls
