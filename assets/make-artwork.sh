@@ -47,12 +47,27 @@ icon() {
     convert $pictures -define png:color-type=6 -type TrueColorAlpha -strip ICO:"$result"
 }
 
+# digits RESULT SOURCE: a bitmap of pure black and white from SOURCE, where a '#' is a black square of 2 x 2 pixels.
+# The shell halves the picture where it shows small icons: only drawn with such squares it stays sharp.
+digits() {
+    {
+        echo P1
+        awk 'END { print length($0), NR }' "$2"
+        sed 's/[^#]/0/g; s/#/1/g' "$2"
+    } | convert pbm:- -sample 200% -type TrueColor -strip BMP3:"$1"
+}
+
 face='#F0F0F0'  # button face
 strip toolbar.bmp 24 "$face" tool00-apply tool01-filter tool02-options tool03-browse tool04-remove tool05-setnow \
     tool06-autoset tool07-enforce tool08-profiles tool09-jr tool10-help tool11-ontop
 strip toolbar2.bmp 16 "$face" list0-addfav list1-addfilter list2-filterdialog list3-extensions list4-tooltips \
     list5-graph list6-end
 strip msgicons.bmp 32 '#B0B0B0' msg0-info msg1-question
+strip menu.bmp 13 "$face" menu0-setnow menu1-autoset menu2-options menu3-graphs menu4-exit
+# The digits 0 to 9 in cells of 16 x 32 pixels, then "100" of 32 x 32 at x = 158: two pixels inside the cell of the
+# 9, so the last column of squares in that cell is the first one of "100".
+digits digits_large.bmp digits_large.txt
+digits digits_small.bmp digits_small.txt
 icon kestrum2.ico kestrum16:16 kestrum24:24 kestrum48:32 kestrum48:48
 icon defaulticon.ico defaulticon16:16 defaulticon32:32
 icon filter.ico filtericon16:16
