@@ -38,9 +38,10 @@ Rect KeptInside(const Rect& box, const Rect& work) {
     return Rect::fromSize({left, top}, box.size());
 }
 
-// What the box is centred over: a minimised owner's rectangle is nowhere to be seen.
+// What the box is centred over: an owner that is minimised or hidden (in the notification area) is nowhere to be
+// seen, so the screen it was on stands in for it.
 Rect OwnerArea(const platform::Window& owner) {
-    if (owner.state() != platform::WindowState::Minimized) return owner.bounds();
+    if (owner.visible() && owner.state() != platform::WindowState::Minimized) return owner.bounds();
     return platform::nearestWorkArea(owner.normalBounds());
 }
 
@@ -75,6 +76,9 @@ protected:
         destroy();
     }
     void onPaint(Canvas& canvas, const Rect&) override {
+        // Another program may have put itself on top meanwhile. But a box that waits for one asked later must not
+        // rise above it.
+        if (cmdYes_.focused() || cmdOkNo_.focused()) setTopmost(true);
         // Dark above, light below: the text and the buttons stand on the lighter part.
         canvas.gradient(Rect::fromSize({0, 0}, clientSize()), kGroundTop, kGroundBottom,
                         platform::Direction::Vertical);
@@ -164,7 +168,9 @@ int MsgBoxes::Show(const std::string& text, MsgStyle style, const std::string& t
     if (sound && style == MsgStyle::Information) platform::beep();
     if (sound && style == MsgStyle::Question) platform::playSound("SystemQuestion");
     box.FocusDefault();
+    ++open_;
     platform::runModal(box, owner);
+    --open_;
     // A question that went with its owner was never answered; an old Yes must not stand in for it.
     return box.EndedByUser() ? answer_ : kMsgNo;
 }

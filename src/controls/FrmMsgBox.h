@@ -22,9 +22,12 @@ public:
     int Show(const std::string& text, MsgStyle style, const std::string& title, platform::Window& owner,
              bool sound);
     int LastAnswer() const { return answer_; }
+    // True while a box waits for its answer: not the time for menus that would lead to another one.
+    bool Showing() const { return open_ > 0; }
 
 private:
     int answer_ = 0;
+    int open_ = 0;  // boxes; a timer may ask while one is open
 };
 
 }  // namespace controls

@@ -13,8 +13,8 @@ using platform::Size;
 
 namespace {
 
-// A box with a short text is this wide; with it the buttons stand at 1245, 2265 and 3330 twips (15 a pixel) and
-// are centred. A longer text makes the box wider and moves them along.
+// A box is this wide; with it the buttons stand at 1245, 2265 and 3330 twips (15 a pixel) and are centred. Only a
+// text that would make a tower of it makes the box wider and moves them along.
 constexpr int kWidth = 380;
 constexpr int kYesLeft = 1245 / 15;
 constexpr int kOkLeft = 2265 / 15;
@@ -26,7 +26,7 @@ constexpr int kIconSize = 32;
 constexpr int kTextLeft = kMargin + kIconSize + kMargin;
 constexpr int kAboveButtons = 18;
 constexpr int kBelowButtons = 14;
-// Widths tried in turn until the text is at most half as high as it is wide.
+// Widths tried in turn until the text is no higher than it is wide.
 constexpr int kWidths[] = {kWidth, 480, 600};
 
 // True when a character may begin at this byte: in UTF-8 text the bytes 10xxxxxx continue one.
@@ -34,17 +34,23 @@ bool BeginsCharacter(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
 }
 
-int Width(std::string_view text) {
-    return platform::textSize(text, Font::Normal).width;
+// More bytes than this need no measuring, which takes its time for a text of thousands: a character has at most
+// four bytes and, in any font for reading, at least a pixel.
+std::size_t MostBytes(int width) {
+    return static_cast<std::size_t>(std::max(1, width)) * 4;
+}
+
+bool Fits(std::string_view text, int width) {
+    return text.size() <= MostBytes(width) && platform::textSize(text, Font::Normal).width <= width;
 }
 
 // Length of the longest beginning of `word` that fits: at least one character.
 std::size_t FittingLength(std::string_view word, int width) {
     std::size_t fits = 0;
-    std::size_t tooLong = word.size() + 1;
+    std::size_t tooLong = std::min(word.size(), MostBytes(width)) + 1;
     while (tooLong - fits > 1) {
         const std::size_t middle = fits + (tooLong - fits) / 2;
-        (Width(word.substr(0, middle)) <= width ? fits : tooLong) = middle;
+        (Fits(word.substr(0, middle), width) ? fits : tooLong) = middle;
     }
     while (fits > 1 && fits < word.size() && !BeginsCharacter(word[fits])) --fits;
     std::size_t first = 1;
@@ -52,14 +58,24 @@ std::size_t FittingLength(std::string_view word, int width) {
     return std::max(fits, first);
 }
 
-void WrapParagraph(std::string_view text, int width, std::vector<std::string>& lines) {
+// The line with `more` behind it, unless that is too wide.
+bool Extend(std::string& line, std::string_view more, int width) {
+    if (more.size() > MostBytes(width)) return false;
+    const std::size_t before = line.size();
+    line += more;
+    const bool fits = Fits(line, width);
+    if (!fits) line.resize(before);
+    return fits;
+}
+
+void WrapParagraph(std::string_view text, int width, std::size_t most, std::vector<std::string>& lines) {
     std::string line;
     do {
+        if (lines.size() == most) return;
         // A word comes with the blanks before it, so that those inside a line stay as they are.
         const std::size_t begin = std::min(text.find_first_not_of(' '), text.size());
         const std::size_t end = std::min(text.find(' ', begin), text.size());
-        if (Width(line + std::string(text.substr(0, end))) <= width) {
-            line += text.substr(0, end);
+        if (Extend(line, text.substr(0, end), width)) {
             text.remove_prefix(end);
         } else if (!line.empty()) {
             lines.push_back(std::exchange(line, {}));
@@ -72,21 +88,22 @@ void WrapParagraph(std::string_view text, int width, std::vector<std::string>& l
             if (text.empty()) return;
         }
     } while (!text.empty());
-    lines.push_back(line);
+    if (lines.size() < most) lines.push_back(line);
 }
 
 }  // namespace
 
-std::vector<std::string> WrapText(std::string_view text, int width) {
+std::vector<std::string> WrapText(std::string_view text, int width, std::size_t most) {
     std::vector<std::string> lines;
-    while (true) {
+    while (lines.size() < most) {
         const std::size_t end = text.find('\n');
         std::string_view paragraph = text.substr(0, end);
         if (!paragraph.empty() && paragraph.back() == '\r') paragraph.remove_suffix(1);
-        WrapParagraph(paragraph, width, lines);
-        if (end == std::string_view::npos) return lines;
+        WrapParagraph(paragraph, width, most, lines);
+        if (end == std::string_view::npos) break;
         text.remove_prefix(end + 1);
     }
+    return lines;
 }
 
 Rect MsgBoxLayout::Line(int index) const {
@@ -99,15 +116,16 @@ Rect MsgBoxLayout::Line(int index) const {
 MsgBoxLayout MsgBoxLayout::For(std::string_view text, bool question, Size limit) {
     MsgBoxLayout layout;
     layout.lineHeight = std::max(1, platform::textSize("Ag", Font::Normal).height);
+    constexpr int kBesideText = kMargin + kAboveButtons + kButton.height + kBelowButtons;
+    const auto room = static_cast<std::size_t>(std::max(1, (limit.height - kBesideText) / layout.lineHeight));
     for (const int width : kWidths) {
         if (width > limit.width && width > kWidth) break;
         layout.client.width = width;
         const int textWidth = width - kTextLeft - kMargin;
-        layout.lines = WrapText(text, textWidth);
-        if (static_cast<int>(layout.lines.size()) * layout.lineHeight <= textWidth / 2) break;
+        layout.lines = WrapText(text, textWidth, room + 1);  // the one too many tells that there is more
+        const bool whole = layout.lines.size() <= room;
+        if (whole && static_cast<int>(layout.lines.size()) * layout.lineHeight <= textWidth) break;
     }
-    constexpr int kBesideText = kMargin + kAboveButtons + kButton.height + kBelowButtons;
-    const auto room = static_cast<std::size_t>(std::max(1, (limit.height - kBesideText) / layout.lineHeight));
     if (layout.lines.size() > room) {
         layout.lines.resize(room);
         layout.lines.back() = "...";

@@ -1,6 +1,8 @@
 // The message box measured: its text broken into lines, and where everything is.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,8 +13,8 @@ namespace controls {
 
 // The text in lines of at most `width` pixels: broken at line ends (CR LF or LF) and blanks, and inside a word
 // only when the word alone is too wide (a path). At least one line; no line is wider than `width` unless a
-// single character is.
-std::vector<std::string> WrapText(std::string_view text, int width);
+// single character is. Ends after `most` lines: a text of any length costs no more than what is shown of it.
+std::vector<std::string> WrapText(std::string_view text, int width, std::size_t most = SIZE_MAX);
 
 // Client pixels of the box.
 struct MsgBoxLayout {

@@ -203,12 +203,44 @@ TEST_CASE("A message box stands over its owner, but inside the work area") {
                 text);
         }
     }
+    for (const auto gone : {platform::ShowCommand::Minimize, platform::ShowCommand::Hide}) {
+        Asker asker({1300, 20, 2183, 465});
+        sim::setScreens({{0, 0, 1280, 800}, {1280, 0, 2304, 768}});
+        asker.owner.show(gone);
+        const int answer = asker.Ask(MsgStyle::Question, [](Window& box) {
+            const Rect work = platform::nearestWorkArea({1300, 20, 2183, 465});
+            const Rect bounds = box.bounds();
+            CHECK(box.visible());
+            CHECK(std::abs(bounds.left + bounds.right - work.left - work.right) <= 1);
+            CHECK(std::abs(bounds.top + bounds.bottom - work.top - work.bottom) <= 1);
+            ClickButton("Yes");
+        });
+        CHECK(answer == kMsgYes);
+        CHECK_FALSE((asker.owner.visible() && asker.owner.state() == platform::WindowState::Normal));
+    }
+}
+
+TEST_CASE("A message box stays on top while it has the focus") {
     Asker asker;
-    asker.owner.show(platform::ShowCommand::Minimize);
-    asker.Ask(MsgStyle::Information, [](Window& box) {
-        CHECK(platform::onAnyScreen(box.bounds()));
-        sim::closeBox(box);
+    const auto raised = [] { return std::ranges::count(sim::log(), "setTopmost " + kTitle + " 1"); };
+    asker.Ask(MsgStyle::Question, [&](Window& below) {
+        auto before = raised();
+        CHECK(before >= 1);
+        sim::paint(below, true);
+        CHECK(raised() == before + 1);
+        CHECK(asker.boxes.Showing());
+        asker.Ask(MsgStyle::Question, [&](Window& above) {
+            before = raised();
+            sim::paint(below, true);
+            CHECK(raised() == before);  // it must not cover the box that is asked now
+            sim::paint(above, true);
+            CHECK(raised() == before + 1);
+            sim::closeBox(above);
+        });
+        CHECK(asker.boxes.Showing());
+        sim::closeBox(below);
     });
+    CHECK_FALSE(asker.boxes.Showing());
 }
 
 TEST_CASE("What a message box shows") {
@@ -231,7 +263,6 @@ TEST_CASE("What a message box shows") {
             sim::closeBox(box);
         },
         "First & last\r\nsecond");
-    CHECK(std::ranges::count(sim::log(), "setTopmost " + kTitle + " 1") == 1);
 }
 
 TEST_CASE("A message box is laid out around its text") {
@@ -243,6 +274,24 @@ TEST_CASE("A message box is laid out around its text") {
         CHECK(note.okNo.left == 151);
         CHECK(note.yes.empty());
         CHECK(note.client == question.client);
+        // Nor do those of a message of some ten lines.
+        const MsgBoxLayout longer = MsgBoxLayout::For(std::string(500, 'm'), true, kPlenty);
+        CHECK(longer.lines.size() == 10);
+        CHECK(longer.yes.left == 83);
+    }
+    SUBCASE("a text without end takes no more room and hardly more time than what is shown of it") {
+        std::string words;
+        while (words.size() < 70'000) words += "some words ";
+        for (const std::string& text : {std::string(5000, 'm'), std::string(70'000, 'm'), words,
+                                        std::string(70'000, ' '), std::string(70'000, '\n')}) {
+            for (const Size limit : {kPlenty, Size{634, 420}}) {
+                const MsgBoxLayout layout = MsgBoxLayout::For(text, true, limit);
+                CHECK(layout.client.height <= limit.height);
+                CHECK(layout.client.width <= limit.width);
+                CHECK(layout.Line(static_cast<int>(layout.lines.size()) - 1).bottom < layout.yes.top);
+                CHECK(layout.lines.back() == "...");
+            }
+        }
     }
     SUBCASE("nothing covers anything, at any length and on any screen") {
         for (int words = 0; words < 400; words += 9) {
@@ -294,5 +343,11 @@ TEST_CASE("A message is broken into lines") {
     for (const auto& one : cases) {
         CAPTURE(one.text);
         CHECK(Joined(controls::WrapText(one.text, one.width)) == one.lines);
+    }
+    for (const char* text : {"one two three four", "one\ntwo\nthree", "onetwothree"}) {
+        const std::vector<std::string> whole = controls::WrapText(text, 24);
+        const std::vector<std::string> begun = controls::WrapText(text, 24, 2);
+        REQUIRE(begun.size() == 2);
+        CHECK(std::equal(begun.begin(), begun.end(), whole.begin()));
     }
 }
