@@ -64,7 +64,7 @@ std::vector<WPARAM>& menuKeys() {
 void CALLBACK typeIntoMenu(HWND, UINT, UINT_PTR timer, DWORD) {
     GUITHREADINFO thread{};
     thread.cbSize = sizeof thread;
-    if (!GetGUIThreadInfo(GetCurrentThreadId(), &thread) || (thread.flags & GUI_POPUPMENUMODE) == 0) return;
+    if (!GetGUIThreadInfo(GetCurrentThreadId(), &thread) || (thread.flags & GUI_INMENUMODE) == 0) return;
     KillTimer(nullptr, timer);
     for (const WPARAM key : menuKeys()) PostMessageA(thread.hwndMenuOwner, WM_KEYDOWN, key, 0);
     menuKeys().clear();

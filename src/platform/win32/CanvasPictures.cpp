@@ -100,4 +100,18 @@ void Canvas::disabledPicture(Point at, const PictureHandle& picture, const Rect&
     blend(static_cast<HDC>(native_), {Rect::fromSize({0, 0}, part.source.size()), part.at}, cut);
 }
 
+PictureHandle drawPicture(Size size, Color ground, const std::function<void(Canvas&)>& draw) {
+    PictureHandle picture = newPicture(size);
+    if (!picture) return {};
+    {
+        const BitmapDc dc(picture);
+        Canvas canvas(dc.get());
+        canvas.fill(Rect::fromSize({}, size), ground);
+        if (draw) draw(canvas);
+    }
+    // GDI leaves what it likes in the fourth byte.
+    for (Pixel& p : pixelsOf(picture)) p.alpha = 0;
+    return picture;
+}
+
 }  // namespace platform

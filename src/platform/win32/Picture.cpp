@@ -22,6 +22,26 @@ bool drawIcon(const PictureHandle& picture, HICON icon, int size) {
     return DrawIconEx(dc.get(), 0, 0, icon, size, size, 0, nullptr, DI_NORMAL) != FALSE;
 }
 
+// Black where `mask` is to have ones: a white pixel of an icon's mask leaves the ground as it is, and the icon's
+// colour is then combined with it.
+bool blacken(HDC colors, HDC mask, Size size) {
+    SetTextColor(colors, RGB(255, 255, 255));
+    SetBkColor(colors, RGB(0, 0, 0));
+    return BitBlt(colors, 0, 0, size.width, size.height, mask, 0, 0, SRCAND) != FALSE;
+}
+
+// Turns colour bitmap and empty one-bit bitmap into the two halves of an icon.
+bool splitIntoIcon(const PictureHandle& picture, const PictureHandle& mask, COLORREF transparent) {
+    const Size size = pictureSize(picture);
+    const BitmapDc colors(picture);
+    const BitmapDc ones(mask);
+    // From colour to one bit, exactly the pixels of the background colour become 1.
+    const COLORREF previous = SetBkColor(colors.get(), transparent);
+    const bool masked = BitBlt(ones.get(), 0, 0, size.width, size.height, colors.get(), 0, 0, SRCCOPY) != FALSE;
+    SetBkColor(colors.get(), previous);
+    return masked && blacken(colors.get(), ones.get(), size);
+}
+
 }  // namespace
 
 void IconTag::close(std::uintptr_t raw) noexcept {
@@ -83,6 +103,33 @@ PictureHandle pictureFromIcon(std::uintptr_t icon, int size) {
     }
     finishPicture(onBlack);
     return onBlack;
+}
+
+IconHandle iconFromPicture(PictureHandle picture, std::uint32_t transparent) {
+    const Size size = pictureSize(picture);
+    if (size == Size{}) return {};
+    const PictureHandle mask(
+        reinterpret_cast<std::uintptr_t>(CreateBitmap(size.width, size.height, 1, 1, nullptr)));
+    // Any alpha at all would have Windows use that instead of the mask.
+    for (Pixel& p : pixelsOf(picture)) p.alpha = 0;
+    if (!mask || !splitIntoIcon(picture, mask, transparent)) return {};
+    ICONINFO halves{};
+    halves.fIcon = TRUE;
+    halves.hbmMask = hbitmapOf(mask);
+    halves.hbmColor = hbitmapOf(picture);
+    return owned(CreateIconIndirect(&halves));
+}
+
+// On the pixels themselves: SetPixelV would take the alpha channel away with the colour.
+void replaceColor(PictureHandle& picture, std::uint32_t from, std::uint32_t to) {
+    const bool alpha = hasAlpha(picture);
+    for (Pixel& p : pixelsOf(picture)) {
+        if (RGB(p.red, p.green, p.blue) != from) continue;
+        const std::uint8_t most = alpha ? p.alpha : 255;
+        p.red = std::min<std::uint8_t>(GetRValue(to), most);
+        p.green = std::min<std::uint8_t>(GetGValue(to), most);
+        p.blue = std::min<std::uint8_t>(GetBValue(to), most);
+    }
 }
 
 Size pictureSize(const PictureHandle& picture) {

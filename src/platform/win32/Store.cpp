@@ -1,41 +1,17 @@
 #include "platform/Store.h"
 
-#include <algorithm>
-
-#include "platform/Handle.h"
-#include "platform/win32/Win32.h"
+#include "platform/win32/RegistryKey.h"
 
 namespace platform {
 
 namespace {
 
-struct KeyTag {
-    static void close(std::uintptr_t raw) noexcept { RegCloseKey(reinterpret_cast<HKEY>(raw)); }
-};
-using KeyHandle = Handle<KeyTag>;
-
-// Larger values are none of ours; a read must end.
-constexpr std::size_t kLargestValue = std::size_t{16} << 20;
-
-HKEY keyOf(const KeyHandle& key) {
-    return reinterpret_cast<HKEY>(key.raw());
-}
-
 std::string pathOf(const std::string& section) {
     return "Software\\" + section;
 }
 
-bool holdsNul(const std::string& name) {
-    return name.find('\0') != std::string::npos;
-}
-
 KeyHandle openSection(const std::string& section, REGSAM access) {
-    HKEY key = nullptr;
-    if (section.empty() || holdsNul(section)) return KeyHandle();
-    if (RegOpenKeyExA(HKEY_CURRENT_USER, pathOf(section).c_str(), 0, access, &key) != ERROR_SUCCESS) {
-        return KeyHandle();
-    }
-    return KeyHandle(reinterpret_cast<std::uintptr_t>(key));
+    return section.empty() ? KeyHandle() : openKey(HKEY_CURRENT_USER, pathOf(section), access);
 }
 
 // For a section with other sections below it, whose key cannot go.
@@ -53,24 +29,7 @@ bool deleteValues(const std::string& section) {
 }  // namespace
 
 std::optional<std::string> storeRead(const std::string& section, const std::string& key) {
-    const KeyHandle opened = openSection(section, KEY_QUERY_VALUE);
-    if (!opened || holdsNul(key)) return std::nullopt;
-    std::string data(256, '\0');
-    for (;;) {
-        DWORD type = REG_NONE;
-        DWORD bytes = static_cast<DWORD>(data.size());
-        const LONG result = RegQueryValueExA(keyOf(opened), key.c_str(), nullptr, &type,
-                                             reinterpret_cast<BYTE*>(data.data()), &bytes);
-        if (result == ERROR_SUCCESS) {
-            if (type != REG_SZ) return std::nullopt;
-            // The system stores what it is given: with, without or with several NULs at the end.
-            data.resize(std::min<std::size_t>(bytes, data.size()));
-            data.resize(std::min(data.find('\0'), data.size()));
-            return data;
-        }
-        if (result != ERROR_MORE_DATA || data.size() >= kLargestValue) return std::nullopt;
-        data.resize(std::max<std::size_t>(bytes, data.size() * 2));
-    }
+    return textValue(openSection(section, KEY_QUERY_VALUE), key);
 }
 
 bool storeWrite(const std::string& section, const std::string& key, const std::string& value) {

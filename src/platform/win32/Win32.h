@@ -11,7 +11,13 @@
 
 namespace platform {
 
-// The message by which the notification area talks to the window that owns an icon.
-inline constexpr UINT kTrayMessage = WM_APP + 1;
+// A function of a library that every process has loaded; null when this Windows does not have it. For what came
+// after XP or is not documented: linked directly it would keep the program from starting there.
+template <class Function>
+Function systemFunction(const char* library, const char* name) {
+    const HMODULE module = GetModuleHandleA(library);
+    const FARPROC address = module == nullptr ? nullptr : GetProcAddress(module, name);
+    return reinterpret_cast<Function>(reinterpret_cast<void*>(address));
+}
 
 }  // namespace platform

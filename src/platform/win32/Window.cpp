@@ -65,7 +65,7 @@ BOOL CALLBACK silence(HWND child, LPARAM) {
     return TRUE;
 }
 
-int showCode(ShowCommand command) {
+int showCode(ShowCommand command, bool shown) {
     switch (command) {
         case ShowCommand::Show:
             return SW_SHOW;
@@ -74,13 +74,23 @@ int showCode(ShowCommand command) {
         case ShowCommand::Hide:
             return SW_HIDE;
         case ShowCommand::Minimize:
-            return SW_MINIMIZE;
+            // Minimising activates the next window; one that was not there before has nothing to hand on.
+            return shown ? SW_MINIMIZE : SW_SHOWMINNOACTIVE;
         case ShowCommand::Maximize:
             return SW_MAXIMIZE;
         case ShowCommand::Restore:
             return SW_RESTORE;
     }
     return SW_SHOW;
+}
+
+bool dropsShadow(HWND hwnd) {
+    return (GetClassLongA(hwnd, GCL_STYLE) & CS_DROPSHADOW) != 0;
+}
+
+void dropShadow(HWND hwnd) {
+    const DWORD style = GetClassLongA(hwnd, GCL_STYLE);
+    if (style != 0) SetClassLongA(hwnd, GCL_STYLE, static_cast<LONG>(style | CS_DROPSHADOW));
 }
 
 }  // namespace
@@ -109,6 +119,7 @@ bool Window::create(const WindowSpec& spec) {
                         spec.bounds.height(), parent, nullptr, GetModuleHandleA(nullptr), nullptr);
     if (hwnd == nullptr) return false;
     WindowData* data = attach(hwnd, *this, spec.kind);
+    if (dialog && parent != nullptr && dropsShadow(parent)) dropShadow(hwnd);
     if (spec.iconResource != 0) setIcons(hwnd, *data, spec.iconResource);
     // Windows sends the first size of these during the call, before anything listens; a main window has its with
     // the first show.
@@ -129,7 +140,7 @@ void Window::show(ShowCommand command) {
         if (command == ShowCommand::Hide) endModal(*data);
         if (command == ShowCommand::Hide || command == ShowCommand::Minimize) rememberFocus(hwnd, *data);
     }
-    ShowWindow(hwnd, showCode(command));
+    ShowWindow(hwnd, showCode(command, visible()));
 }
 
 bool Window::visible() const {
@@ -148,6 +159,10 @@ void Window::bringToFront() {
 void Window::setTopmost(bool topmost) {
     SetWindowPos(hwndOf(*this), topmost ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
                  SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
+void Window::addDropShadow() {
+    if (native_ != 0) dropShadow(hwndOf(*this));
 }
 
 void Window::enable(bool enabled) {

@@ -2,6 +2,10 @@
 // hangs on the window handle and lives exactly as long as that.
 #pragma once
 
+#include <cstdint>
+#include <string>
+#include <vector>
+
 #include "platform/Window.h"
 #include "platform/win32/Win32.h"
 
@@ -12,12 +16,13 @@ struct WindowData {
     WindowKind kind = WindowKind::Child;
     WNDPROC base = nullptr;  // takes what is not decoded here: DefWindowProcA, or the dialog class' own
     Pointer pointer = Pointer::Arrow;
-    bool capturing = false;           // by capture(); Windows itself captures too, for frames and menus
-    bool leftWhileCapturing = false;  // the pointer; to be told when the capture ends
-    HWND focusToRestore = nullptr;    // the child that had the focus when the window was deactivated
-    HWND modalOwner = nullptr;        // the window disabled by runModal for this one
-    IconHandle smallIcon;             // of the caption
-    IconHandle largeIcon;             // of the task switcher
+    bool capturing = false;                // by capture(); Windows itself captures too, for frames and menus
+    bool leftWhileCapturing = false;       // the pointer; to be told when the capture ends
+    HWND focusToRestore = nullptr;         // the child that had the focus when the window was deactivated
+    HWND modalOwner = nullptr;             // the window disabled by runModal for this one
+    std::vector<std::uint32_t> trayIcons;  // ids of its icons in the notification area
+    IconHandle smallIcon;                  // of the caption
+    IconHandle largeIcon;                  // of the task switcher
 };
 
 // The platform's way to the handlers, which are protected.
@@ -36,6 +41,8 @@ struct WindowAccess {
     static void systemColors(Window& w) { w.onSystemColors(); }
     static void close(Window& w) { w.onClose(); }
     static void endSession(Window& w) { w.onEndSession(); }
+    static void tray(Window& w, TrayEvent event) { w.onTray(event); }
+    static void textChanged(Window& w) { w.onTextChanged(); }
     static void taskbarCreated(Window& w) { w.onTaskbarCreated(); }
     static void destroyed(Window& w) { w.onDestroyed(); }
     static Size minimumSize(const Window& w) { return w.minimumSize(); }

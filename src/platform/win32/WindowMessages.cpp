@@ -5,6 +5,7 @@
 #include <shellapi.h>
 #include <windowsx.h>
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -32,8 +33,8 @@ UINT taskbarCreatedMessage() {
 void letThrough(UINT message) {
     using Filter = BOOL(WINAPI*)(UINT, DWORD);
     constexpr DWORD kAdd = 1;
-    const auto address = GetProcAddress(GetModuleHandleA("user32.dll"), "ChangeWindowMessageFilter");
-    if (const auto filter = reinterpret_cast<Filter>(reinterpret_cast<void*>(address))) filter(message, kAdd);
+    if (const auto filter = systemFunction<Filter>("user32.dll", "ChangeWindowMessageFilter"))
+        filter(message, kAdd);
 }
 
 bool keyIsDown(int code) {
@@ -118,6 +119,35 @@ Answer mouseMessage(const Message& m, WindowData& data) {
     event.leftHeld = (m.wParam & MK_LBUTTON) != 0;
     if (event.action == MouseAction::Move) askForLeave(m.hwnd, data, event.at);
     WindowAccess::mouse(*data.window, event);
+    return 0;
+}
+
+std::optional<TrayEvent> trayEventOf(LPARAM code) {
+    switch (code) {
+        case WM_LBUTTONUP:
+            return TrayEvent::LeftUp;
+        case WM_LBUTTONDBLCLK:
+            return TrayEvent::LeftDoubleClick;
+        case WM_RBUTTONUP:
+            return TrayEvent::RightUp;
+        case NIN_BALLOONUSERCLICK:
+            return TrayEvent::BalloonClicked;
+        default:
+            return std::nullopt;
+    }
+}
+
+// The notification area speaks by WM_MOUSEMOVE with the number of the icon for the keys and a code for the place.
+// A real move can look exactly so (514,0 with the left button held is "released at icon 1"), so what the message
+// says cannot tell them apart. Whether the window can be under the pointer at all can: one that is not shown gets
+// no real moves, and one that is shown keeps all of its own.
+bool fromNotificationArea(const Message& m, const WindowData& data) {
+    return m.id == WM_MOUSEMOVE && !data.trayIcons.empty() && !IsWindowVisible(m.hwnd);
+}
+
+Answer trayMessage(const Message& m, WindowData& data) {
+    const bool known = std::find(data.trayIcons.begin(), data.trayIcons.end(), m.wParam) != data.trayIcons.end();
+    if (const auto event = trayEventOf(m.lParam); event && known) WindowAccess::tray(*data.window, *event);
     return 0;
 }
 
@@ -235,6 +265,13 @@ Answer closeMessage(WindowData& data) {
     return 0;
 }
 
+// Windows stores the text first, so that the handler sees it. The handler may destroy the window.
+Answer textMessage(const Message& m, WindowData& data) {
+    const LRESULT result = CallWindowProcA(data.base, m.hwnd, m.id, m.wParam, m.lParam);
+    WindowAccess::textChanged(*data.window);
+    return result;
+}
+
 Answer taskbarMessage(const Message& m, WindowData& data) {
     if (data.kind != WindowKind::Main || m.id != taskbarCreatedMessage()) return std::nullopt;
     WindowAccess::taskbarCreated(*data.window);
@@ -268,6 +305,7 @@ Answer inputMessage(const Message& m, WindowData& data) {
         default:
             break;
     }
+    if (fromNotificationArea(m, data)) return trayMessage(m, data);
     const bool button = m.id >= WM_LBUTTONDOWN && m.id <= WM_MBUTTONDBLCLK;
     return button || m.id == WM_MOUSEMOVE ? mouseMessage(m, data) : std::nullopt;
 }
@@ -286,6 +324,8 @@ Answer decode(const Message& m, WindowData& data) {
             return timerMessage(m, data);
         case WM_CLOSE:
             return closeMessage(data);
+        case WM_SETTEXT:
+            return textMessage(m, data);
         case WM_SYSCOMMAND:
             return systemCommandMessage(m, data);
         case WM_SYSCOLORCHANGE:

@@ -30,18 +30,11 @@ struct Record {
 };
 static_assert(offsetof(Record, id) == (sizeof(void*) == 8 ? 80 : 68));
 
-// A function of a library that every process has loaded; null when it is missing there.
-FARPROC functionOf(const char* library, const char* name) {
-    const HMODULE module = GetModuleHandleA(library);
-    return module == nullptr ? nullptr : GetProcAddress(module, name);
-}
-
 // The process table of the last reading. Its memory is kept: it is read twice a second for days.
 class Table {
 public:
     bool read() {
-        static const auto query = reinterpret_cast<QuerySystemInformation>(
-            reinterpret_cast<void*>(functionOf("ntdll.dll", "NtQuerySystemInformation")));
+        static const auto query = systemFunction<QuerySystemInformation>("ntdll.dll", "NtQuerySystemInformation");
         rows_.clear();
         if (query == nullptr) return false;
         ULONG used = 0;
@@ -114,15 +107,14 @@ Table& table() {
 }  // namespace
 
 bool present() {
-    static const bool isWine = functionOf("ntdll.dll", "wine_get_version") != nullptr;
+    static const bool isWine = systemFunction<void*>("ntdll.dll", "wine_get_version") != nullptr;
     return isWine;
 }
 
 ProcessId processId(HANDLE process) {
     // XP has it from its first service pack on: linked directly it would keep the program from starting there.
     using GetId = DWORD(WINAPI*)(HANDLE);
-    static const auto getId =
-        reinterpret_cast<GetId>(reinterpret_cast<void*>(functionOf("kernel32.dll", "GetProcessId")));
+    static const auto getId = systemFunction<GetId>("kernel32.dll", "GetProcessId");
     return getId == nullptr ? 0 : getId(process);
 }
 
