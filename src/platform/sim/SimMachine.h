@@ -96,7 +96,6 @@ struct Figures {
 
 struct NamedMutex {
     int handles = 0;
-    bool owned = false;          // by this program
     bool heldElsewhere = false;  // another program has a handle too
 };
 
