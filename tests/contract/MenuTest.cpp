@@ -45,5 +45,5 @@ TEST_CASE("a menu gives the item that was chosen") {
 TEST_CASE("the pointer is where it was moved") {
     Desk desk;
     contract::movePointer(desk.a, {7, 9});
-    CHECK(pointerPosition() == desk.a.toScreen({7, 9}));
+    CHECK(waitFor([&] { return pointerPosition() == desk.a.toScreen({7, 9}); }));
 }
