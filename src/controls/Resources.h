@@ -14,7 +14,8 @@ inline constexpr int kToolBar2Pictures = 202;  // 7 of 16 pixels, in button orde
 inline constexpr int kMessageIcons = 203;      // 2 of 32 pixels: information, question
 inline constexpr int kMenuPictures = 204;      // 5 of 13 pixels, in the order of the tray menu's commands
 
-// Bitmaps: the tray's digits, black on white. 0 to 9 of 16 x 32 pixels side by side, then "100" of 32 x 32 at x = 158.
+// Bitmaps: the tray's digits, black on white: 0 to 9 of 16 x 32 pixels side by side, then "100" of 32 x 32 at
+// x = 158.
 inline constexpr int kLargeDigits = 105;
 inline constexpr int kSmallDigits = 106;
 

@@ -28,6 +28,7 @@ enum class SysColor {
     ButtonHighlight,
     GrayText,
     MenuText,
+    Menu,
 };
 // The user's colour for a part of the desktop. GetSysColor.
 Color systemColor(SysColor which);

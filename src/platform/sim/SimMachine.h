@@ -178,9 +178,9 @@ struct WindowRecord {
 struct Desktop {
     std::map<std::uintptr_t, std::shared_ptr<WindowRecord>> windows;  // ascending: in order of creation
     std::vector<Rect> screens{{0, 0, 1280, 800}};
-    std::array<Color, 10> systemColors{rgb(255, 255, 255), rgb(0, 0, 0), rgb(10, 36, 106),   rgb(255, 255, 255),
+    std::array<Color, 11> systemColors{rgb(255, 255, 255), rgb(0, 0, 0), rgb(10, 36, 106),   rgb(255, 255, 255),
                                        rgb(212, 208, 200), rgb(0, 0, 0), rgb(128, 128, 128), rgb(255, 255, 255),
-                                       rgb(128, 128, 128), rgb(0, 0, 0)};
+                                       rgb(128, 128, 128), rgb(0, 0, 0), rgb(244, 243, 242)};
     std::uintptr_t active = 0;  // a top-level window
     std::uintptr_t focus = 0;
     std::uintptr_t capture = 0;

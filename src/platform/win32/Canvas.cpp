@@ -57,6 +57,8 @@ Color systemColor(SysColor which) {
             return GetSysColor(COLOR_GRAYTEXT);
         case SysColor::MenuText:
             return GetSysColor(COLOR_MENUTEXT);
+        case SysColor::Menu:
+            return GetSysColor(COLOR_MENU);
     }
     return 0;
 }
