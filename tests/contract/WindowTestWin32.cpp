@@ -43,6 +43,17 @@ TEST_CASE("rows between two invalid ones need no paint") {
     rows.destroy();
 }
 
+TEST_CASE("a control is brought to the front with the window it is in") {
+    Desk desk;
+    Probe above("above", desk.log);
+    REQUIRE(above.createMain());
+    above.show(ShowCommand::Show);
+    pumpMessages();
+    desk.a.show(ShowCommand::Hide);
+    desk.a.bringToFront();
+    CHECK(waitFor([&] { return GetForegroundWindow() == hwndOf(desk.main); }));
+}
+
 TEST_CASE("a capture that was the system's is not reported as lost") {
     Desk desk;
     SetCapture(hwndOf(desk.a));  // as Windows does while a frame is dragged or a caption button held
