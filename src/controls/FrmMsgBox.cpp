@@ -167,6 +167,11 @@ int MsgBoxes::Show(const std::string& text, MsgStyle style, const std::string& t
     if (!box.Create(text, style, title, owner)) return kMsgNo;
     if (sound && style == MsgStyle::Information) platform::beep();
     if (sound && style == MsgStyle::Question) platform::playSound("SystemQuestion");
+    if (!owner.visible()) {
+        // No window of the program is in front then, from which the box would take that over.
+        box.show(platform::ShowCommand::Show);
+        box.bringToFront();
+    }
     box.FocusDefault();
     ++open_;
     platform::runModal(box, owner);

@@ -207,10 +207,13 @@ TEST_CASE("A message box stands over its owner, but inside the work area") {
         Asker asker({1300, 20, 2183, 465});
         sim::setScreens({{0, 0, 1280, 800}, {1280, 0, 2304, 768}});
         asker.owner.show(gone);
-        const int answer = asker.Ask(MsgStyle::Question, [](Window& box) {
+        const int answer = asker.Ask(MsgStyle::Question, [&](Window& box) {
             const Rect work = platform::nearestWorkArea({1300, 20, 2183, 465});
             const Rect bounds = box.bounds();
             CHECK(box.visible());
+            CHECK(sim::focusedWindow() == sim::findWindow("Yes"));
+            const bool raised = std::ranges::count(sim::log(), "bringToFront " + kTitle) > 0;
+            CHECK(raised == (gone == platform::ShowCommand::Hide));
             CHECK(std::abs(bounds.left + bounds.right - work.left - work.right) <= 1);
             CHECK(std::abs(bounds.top + bounds.bottom - work.top - work.bottom) <= 1);
             ClickButton("Yes");
