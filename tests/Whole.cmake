@@ -10,8 +10,11 @@ endfunction()
 
 kestrum_wine_test(win64_contract build/win64/tests/contract/contract.exe)
 kestrum_wine_test(win64_desktop build/win64/tests/desktop/desktop.exe Z:${root}/dist/win64)
+kestrum_wine_test(win64_handles build/win64/tests/handles/handles.exe)
 kestrum_wine_test(win32_contract --i386 build/win32/tests/contract/contract.exe)
 kestrum_wine_test(win32_desktop --i386 build/win32/tests/desktop/desktop.exe Z:${root}/dist/win32)
+
+kestrum_wine_test(win32_handles --i386 build/win32/tests/handles/handles.exe)
 
 add_test(NAME fuzz COMMAND ${root}/tools/fuzz-smoke.sh)
 set_tests_properties(fuzz PROPERTIES SKIP_RETURN_CODE 77 TIMEOUT 300)

@@ -107,13 +107,13 @@ void FavoriteCommands::RemoveFavorites() {
 void FavoriteCommands::Tell(const std::string& text) {
     const BusyGuard guard(parts_.busy);
     parts_.msgBoxes.Show(text, controls::MsgStyle::Information, kInfoTitle, parts_.window,
-                         parts_.settings.Number(Key::MsgBeep) == 1);
+                         parts_.options.messageBeep);
 }
 
 bool FavoriteCommands::Ask(const std::string& question) {
     const BusyGuard guard(parts_.busy);
     return parts_.msgBoxes.Show(question, controls::MsgStyle::Question, kInfoTitle, parts_.window,
-                                parts_.settings.Number(Key::MsgBeep) == 1) == controls::kMsgYes;
+                                parts_.options.messageBeep) == controls::kMsgYes;
 }
 
 }  // namespace app

@@ -12,6 +12,7 @@
 #include "favorites/EnforceState.h"
 #include "favorites/FavoritesList.h"
 #include "process/ProcessAccess.h"
+#include "settings/DisplayOptions.h"
 #include "settings/Settings.h"
 #include "tray/TrayIcon.h"
 
@@ -32,6 +33,7 @@ public:
         favorites::EnforceState& enforce;
         process::ProcessAccess& access;
         settings::Settings& settings;
+        const settings::DisplayOptions& options;
         tray::TrayIcon& trayIcon;
     };
     explicit FavoriteCommands(const Parts& parts) : parts_(parts) {}

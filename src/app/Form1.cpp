@@ -1,7 +1,5 @@
 #include "app/Form1.h"
 
-#include <utility>
-
 #include "controls/Resources.h"
 #include "favorites/Profiles.h"
 #include "platform/Files.h"
@@ -20,14 +18,14 @@ constexpr int kAffinityColumn = 1;
 Form1::Form1()
     : access_(errors_),
       baseFolder_(favorites::BaseFolder()),
-      trayIcon_(*this),
       refresh_(*this, processList_, slots_, busy_, access_, enforce_, controls::kDefaultIcon),
       favorites_(favoritesControl_, baseFolder_,
                  [this](const std::string& text, const std::string& title, platform::BalloonIcon icon) {
                      trayIcon_.TrayBalloon(text, title, icon);
                  }),
       commands_({*this, toolBar1_, msgBoxes_, affinityBoxes_, refresh_, slots_, busy_, favorites_, enforce_,
-                 access_, settings_, trayIcon_}) {}
+                 access_, settings_, options_, trayIcon_}),
+      trayCommands_({*this, trayIcon_, slots_, busy_, toolBar1_, commands_, gauges_}) {}
 
 // The window goes before the parts that its handlers would reach.
 Form1::~Form1() {
@@ -45,12 +43,18 @@ void Form1::onPaint(platform::Canvas& canvas, const Rect& dirty) {
 void Form1::onSize(platform::Size, WindowState state) {
     if (!started_) return;
     if (state == WindowState::Minimized) {
-        wasMinimized_ = true;
+        MinimizeToTray();
         return;
     }
-    // While it was minimised Auto Set went on, but nobody kept the list.
-    if (std::exchange(wasMinimized_, false)) refresh_.FullRebuild();
-    const bool maximized = state == WindowState::Maximized;
+    if (inTray_) RestoreFromTray(Raise::No);  // shown by other means than ours
+    if (state == WindowState::Maximized) {
+        FrmMax();
+    } else {
+        FrmRestore();
+    }
+}
+
+void Form1::UseLayout(bool maximized) {
     if (maximized != maximized_) {
         CaptureColumns(maximized_);
         maximized_ = maximized;
@@ -74,6 +78,7 @@ void Form1::LayOut() {
     splitter_.setBounds(layout.splitter);
     favoritesControl_.setBounds(layout.favoritesList);
     status_.setBounds(layout.status);
+    gauges_.Place(layout.memoryGauge, layout.cpuGauge);
     UpdateStatusLine();
     if (wasRunning) slots_.Start(Slot::Process, kRefreshMilliseconds);
 }
@@ -156,18 +161,19 @@ void Form1::onTaskbarCreated() {
     trayIcon_.Add_Tray();
 }
 
-// The close box ends the program: without a menu on the tray icon, a window hidden there could not come back.
+// The program goes on in the notification area; only its "Exit" ends it.
 void Form1::onClose() {
     if (!enabled()) return;  // a question of ours is open and comes first
-    Unload();
+    CaptureColumns(maximized_);
+    show(platform::ShowCommand::Minimize);
 }
 
 void Form1::onEndSession() {
-    SaveSettings();
+    Unload();
 }
 
 void Form1::onDestroyed() {
-    platform::postQuit(0);
+    if (!instance_.Duplicate()) platform::postQuit(0);
 }
 
 }  // namespace app

@@ -5,13 +5,17 @@
 
 #include "app/AffinityBoxes.h"
 #include "app/FavoriteCommands.h"
+#include "app/Gauges.h"
 #include "app/LayoutMemory.h"
 #include "app/MainLayout.h"
 #include "app/MainToolBars.h"
 #include "app/RefreshCycle.h"
+#include "app/SingleInstance.h"
 #include "app/Splitter.h"
 #include "app/StatusStrip.h"
 #include "app/TimerSlots.h"
+#include "app/TrayCommands.h"
+#include "controls/BalloonTips.h"
 #include "controls/FrmMsgBox.h"
 #include "controls/ToolBar.h"
 #include "controls/UcList1.h"
@@ -20,6 +24,7 @@
 #include "platform/Window.h"
 #include "process/ErrorCounters.h"
 #include "process/ProcessAccess.h"
+#include "settings/DisplayOptions.h"
 #include "settings/Settings.h"
 #include "tray/TrayIcon.h"
 
@@ -30,8 +35,15 @@ public:
     Form1();
     ~Form1() override;
 
-    // Brings the program up and shows the window; false when there can be no window. (StartUp.cpp)
-    bool Start();
+    enum class StartResult {
+        Running,
+        Duplicate,  // another copy runs and has been woken; this one is to end without a trace
+        Failed,     // there can be no window
+    };
+    // Brings the program up, in its window or in the notification area. (StartUp.cpp)
+    StartResult Start();
+    // Starts the program anew, for settings that count only from the start, and ends this one. (ShutDown.cpp)
+    void Restart();
 
     // For tests, which look at the parts from outside.
     controls::UcList1& ProcessList() { return processList_; }
@@ -39,6 +51,8 @@ public:
     controls::ToolBar& ToolBar1() { return toolBar1_; }
     const StatusStrip& Status() const { return status_; }
     AffinityBoxes& CpuAffinity() { return affinityBoxes_; }
+    TrayCommands& Tray() { return trayCommands_; }
+    RefreshCycle& Refresh() { return refresh_; }
 
 protected:
     void onPaint(platform::Canvas& canvas, const platform::Rect& dirty) override;
@@ -57,16 +71,30 @@ private:
     void SelectionReplaced() override;
     void UpdateStatusLine() override;
 
-    // StartUp.cpp: the steps of Start and of the way down.
-    bool CreateWindows();
+    // StartUp.cpp: the steps of Start.
+    bool CreateFrame();
+    bool CreateParts();
     bool CreateToolBars();
     bool CreateLists();
     void WireEvents();
+    void WireLists();
+    void WireTips();
     void LoadFavorites();
+    void LoadOptions();
     void RestorePlacement();
     void ShowFirstTime();
+
+    // ShutDown.cpp
+    void Exit();
     void SaveSettings();
     void Unload();
+
+    // TrayLife.cpp: into the notification area and back.
+    enum class Raise { No, Yes };
+    void MinimizeToTray();
+    void RestoreFromTray(Raise raise);
+    void WakenUp();
+    void ShowMemory();
 
     // Form1.cpp
     void ToolBar1Clicked(int index);
@@ -74,10 +102,15 @@ private:
     void ViewHelp();
     void ApplyColumns(bool maximized);
     void CaptureColumns(bool maximized);
+    void FrmMax() { UseLayout(true); }
+    void FrmRestore() { UseLayout(false); }
+    void UseLayout(bool maximized);
     void LayOut();
     void MoveSplitter(int left);
 
     settings::Settings settings_;
+    settings::DisplayOptions options_;
+    SingleInstance instance_;
     process::ErrorCounters errors_;
     process::ProcessAccess access_;
     const std::string baseFolder_;
@@ -85,6 +118,7 @@ private:
     TimerSlots slots_;
     BusyFlag busy_;
     controls::MsgBoxes msgBoxes_;
+    controls::BalloonTips tips_;
 
     controls::ToolBar toolBar1_;
     controls::ToolBar toolBar2_;
@@ -93,17 +127,19 @@ private:
     Splitter splitter_;
     controls::UcList1 favoritesControl_;
     StatusStrip status_;
+    Gauges gauges_;
 
     tray::TrayIcon trayIcon_;
     RefreshCycle refresh_;
     favorites::FavoritesList favorites_;
     FavoriteCommands commands_;
+    TrayCommands trayCommands_;
 
     MainParts parts_;
     LayoutMemory layouts_;
     bool maximized_ = false;  // the set of column widths in use
     bool started_ = false;
-    bool wasMinimized_ = false;
+    bool inTray_ = false;  // the window is hidden; nobody keeps the process list meanwhile
 };
 
 }  // namespace app

@@ -25,7 +25,8 @@ int StripHeight(const MainParts& parts) {
 platform::Size SmallestMainWindow(const MainParts& parts) {
     const int strip = kMargin + parts.toolBar2Width + kGap + parts.affinityWidth + kMargin;
     const int lists = 2 * kLeastListWidth + kSplitterWidth + 2 * kMargin;
-    return {std::max({parts.toolBar1Width, strip, lists}) + kFrameWidth,
+    const int bottom = parts.statusWidth + 2 * parts.gaugeWidth + kGap + kMargin;
+    return {std::max({parts.toolBar1Width, strip, lists, bottom}) + kFrameWidth,
             parts.toolBar1Height + StripHeight(parts) + kLeastListHeight + kStatusHeight + kFrameHeight};
 }
 
@@ -57,7 +58,7 @@ MainLayout LayOutMain(platform::Size client, int splitter, const MainParts& part
     const int gaugeTop = statusTop + 3;
     const int gaugeBottom = statusTop + kStatusHeight - 3;
     const int cpuLeft = client.width - kMargin - parts.gaugeWidth;
-    const int memoryLeft = cpuLeft - (parts.gaugeWidth > 0 ? kGap : 0) - parts.gaugeWidth;
+    const int memoryLeft = cpuLeft - kGap - parts.gaugeWidth;
     out.cpuGauge = {cpuLeft, gaugeTop, cpuLeft + parts.gaugeWidth, gaugeBottom};
     out.memoryGauge = {memoryLeft, gaugeTop, memoryLeft + parts.gaugeWidth, gaugeBottom};
     out.status = {0, statusTop, memoryLeft, statusTop + kStatusHeight};

@@ -12,7 +12,8 @@ struct MainParts {
     int toolBar2Width = 160;
     int toolBar2Height = 24;
     int affinityWidth = 0;  // all "CPU n" boxes together
-    int gaugeWidth = 0;     // one gauge; 0 while there are none
+    int statusWidth = 0;    // the status strip with its longest usual text
+    int gaugeWidth = 0;     // one gauge
 };
 
 struct MainLayout {

@@ -38,4 +38,9 @@ void ProcessIcons::DropUnused() {
     }
 }
 
+void ProcessIcons::Clear() {
+    icons_.clear();
+    default_.reset();
+}
+
 }  // namespace app

@@ -20,6 +20,8 @@ public:
     // Ends a pass over all processes: once many names have gathered, icons that no call since the previous
     // DropUnused asked for are released, so that weeks of short-lived programs do not use the handles up.
     void DropUnused();
+    // Releases all of them.
+    void Clear();
 
 private:
     struct Entry {

@@ -12,6 +12,7 @@ namespace app {
 
 namespace {
 
+constexpr int kFileColumn = 0;
 constexpr int kPidColumn = 3;
 constexpr int kIconColumn = 6;
 
@@ -178,6 +179,15 @@ void RefreshCycle::Sort() {
 
 std::uintptr_t RefreshCycle::IconOfRow(int displayRow) const {
     return ParseNumber<std::uintptr_t>(list_.CellText(displayRow, kIconColumn));
+}
+
+process::TipText RefreshCycle::TipOfRow(int displayRow) const {
+    const auto id = ParseNumber<platform::ProcessId>(list_.CellText(displayRow, kPidColumn));
+    return {std::string(list_.CellText(displayRow, kFileColumn)), access_.ImagePath(id)};
+}
+
+void RefreshCycle::ReleaseMeters() {
+    for (auto& meter : meters_) meter.reset();
 }
 
 }  // namespace app

@@ -15,6 +15,7 @@
 #include "process/ProcRec.h"
 #include "process/ProcessAccess.h"
 #include "process/ProcessSnapshot.h"
+#include "process/SystemInfo.h"
 #include "process/clsProcessCpuUsage.h"
 
 namespace app {
@@ -76,6 +77,11 @@ public:
     void SetSort(int column, bool ascending);
     // The icon handle of a displayed row, for the list to draw.
     std::uintptr_t IconOfRow(int displayRow) const;
+    // The name and the image path of a displayed row's process; no text when it has ended.
+    process::TipText TipOfRow(int displayRow) const;
+    // At the end of the program; nothing may be refreshed afterwards.
+    void ReleaseMeters();
+    void ReleaseIcons() { icons_.Clear(); }
 
 private:
     void FastUpdate();

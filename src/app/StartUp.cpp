@@ -1,5 +1,6 @@
-// The main window's way up, in its fixed order, and what it writes on its way down.
+// The main window's way up, in its fixed order.
 #include "app/Form1.h"
+#include "app/Tips.h"
 #include "controls/Resources.h"
 #include "favorites/Profiles.h"
 #include "process/PriorityClass.h"
@@ -38,11 +39,17 @@ Rect CentredOnScreen(platform::Size size) {
 
 }  // namespace
 
-bool Form1::Start() {
+Form1::StartResult Form1::Start() {
+    if (!CreateFrame()) return StartResult::Failed;
+    if (instance_.AlreadyRunning(*this)) {
+        destroy();
+        return StartResult::Duplicate;
+    }
     access_.EnableDebugPrivilege(true);
     access_.SetPriorityClass(platform::currentProcessId(), process::kAboveNormalPriority);
+    if (settings_.Number(Key::Shadow) == 1) addDropShadow();
 
-    if (!CreateWindows()) return false;
+    if (!CreateParts()) return StartResult::Failed;
     WireEvents();
 
     favorites::CreateFolders(baseFolder_);
@@ -53,22 +60,32 @@ bool Form1::Start() {
     refresh_.ProcTimer();
     slots_.Stop(Slot::Process);
 
+    LoadOptions();
     RestorePlacement();
     commands_.StartAutoSet();
     ShowFirstTime();
+    if (!exists()) return StartResult::Running;  // ended already, while its first messages were dealt with
     slots_.Start(Slot::Process, kRefreshMilliseconds);
-    return true;
+    slots_.Start(Slot::Tray, kTrayMilliseconds);
+    return StartResult::Running;
 }
 
-bool Form1::CreateWindows() {
+// What another copy needs to find this one, and the shell to reach it; nothing of it is seen.
+bool Form1::CreateFrame() {
     platform::WindowSpec spec;
     spec.kind = platform::WindowKind::Main;
     spec.className = "Form1";
     spec.title = "Kestrum 2";
     spec.bounds = CentredOnScreen(kFirstSize);
     spec.iconResource = controls::kProgramIcon;
-    return create(spec) && CreateToolBars() && affinityBoxes_.Create(*this, access_.HighestCpu()) &&
-           CreateLists() && status_.Create(*this, "Status", {0, 0, 1, 1});
+    return create(spec) && instance_.CreateMailbox(*this) && trayIcon_.Create(*this);
+}
+
+bool Form1::CreateParts() {
+    parts_.gaugeWidth = Gauges::Width();
+    parts_.statusWidth = StatusStrip::UsualWidth();
+    return CreateToolBars() && affinityBoxes_.Create(*this, access_.HighestCpu()) && CreateLists() &&
+           status_.Create(*this, "Status", {0, 0, 1, 1}) && gauges_.Create(*this, tips_);
 }
 
 bool Form1::CreateToolBars() {
@@ -121,8 +138,19 @@ bool Form1::CreateLists() {
 
 void Form1::WireEvents() {
     slots_.SetWork(Slot::Process, [this] { refresh_.ProcTimer(); });
+    slots_.SetWork(Slot::Tray, [this] { trayCommands_.TrayTimer(); });
+    slots_.SetWork(Slot::Memory, [this] { gauges_.UpdateMemory(); });
+    instance_.WakenUp = [this] { WakenUp(); };
+    trayIcon_.Notified = [this](platform::TrayEvent event) { trayCommands_.Notified(event); };
+    trayCommands_.Restore = [this] { RestoreFromTray(Raise::Yes); };
+    trayCommands_.Exit = [this] { Exit(); };
     toolBar1_.Click = [this](int index) { ToolBar1Clicked(index); };
     splitter_.Moved = [this](int left) { MoveSplitter(left); };
+    WireLists();
+    WireTips();
+}
+
+void Form1::WireLists() {
     processList_.HeaderClick = [this](int column) { refresh_.SetSort(column, processList_.HeaderSortDir()); };
     processList_.DrawIcon = [this](platform::Canvas& canvas, platform::Point at, int row) {
         canvas.icon(at, refresh_.IconOfRow(row), 16);
@@ -134,9 +162,25 @@ void Form1::WireEvents() {
     favoritesControl_.KeyClick = [this](std::uint16_t code) { FavoritesKey(code); };
 }
 
+void Form1::WireTips() {
+    ExplainButtons(toolBar1_, kToolBar1Tips, tips_);
+    ExplainButtons(toolBar2_, kToolBar2Tips, tips_);
+    ExplainRows(
+        processList_, [this](int row) { return refresh_.TipOfRow(row); }, tips_);
+    ExplainRows(
+        favoritesControl_,
+        [this](int row) {
+            const favorites::Favorite favorite = favorites_.Row(row);
+            const std::string parameter = favorite.param.empty() ? "" : "\r\n" + favorite.param;
+            return process::TipText{favorite.name, favorite.path + parameter};
+        },
+        tips_);
+}
+
 void Form1::LoadFavorites() {
     favorites_.LoadFavorites();
-    favorites_.SetSort(settings_.Number(Key::FavColSort), settings_.Bool(Key::FavSortDir));
+    const int column = settings_.Number(Key::FavColSort);
+    favorites_.SetSort(column, settings_.Bool(Key::FavSortDir));
     favorites_.SortFavs();
 }
 
@@ -150,32 +194,23 @@ void Form1::RestorePlacement() {
     LayOut();
 }
 
+// How the program shows itself, before anything is shown.
+void Form1::LoadOptions() {
+    options_ = settings::LoadDisplayOptions(settings_);
+    tips_.SetEnabled(options_.showTips);
+    trayCommands_.Show(options_);
+    trayCommands_.TrayTimer();
+}
+
 void Form1::ShowFirstTime() {
+    if (settings_.Number(Key::MiniMe) == 1) {
+        show(platform::ShowCommand::Minimize);
+        return;
+    }
+    ShowMemory();
     show(platform::ShowCommand::Show);
     processList_.focus();
     platform::pumpMessages();
-}
-
-void Form1::SaveSettings() {
-    if (!started_) return;
-    favorites_.SavePending();
-    CaptureColumns(maximized_);
-    settings_.WriteNumber(Key::FavColSort, favorites_.SortColumn());
-    settings_.WriteBool(Key::FavSortDir, favorites_.SortAscending());
-    settings::SaveWindowPosition(*this, "Form1", settings_);
-    settings_.WriteNumber(Key::TransLevel, settings_.Number(Key::TransLevel));
-    layouts_.Save(settings_);
-}
-
-// Ends the program: what it remembers first, then what it holds, then the window.
-void Form1::Unload() {
-    SaveSettings();
-    started_ = false;
-    for (const Slot slot : {Slot::Process, Slot::Tray, Slot::Memory, Slot::FavoritesPanel, Slot::TotalGraph}) {
-        slots_.Stop(slot);
-    }
-    trayIcon_.Remove();
-    destroy();
 }
 
 }  // namespace app

@@ -9,7 +9,16 @@ using platform::Rect;
 namespace {
 constexpr int kIndent = 6;
 constexpr unsigned kFormat = platform::kTextSingleLine | platform::kTextVCenter | platform::kTextNoPrefix;
+
+int Width(const std::string& text) {
+    return platform::textSize(text, platform::Font::Normal).width;
+}
+
 }  // namespace
+
+int StatusStrip::UsualWidth() {
+    return kIndent + Width("Processes: 250 of 250  |    Favorites: 250") + kIndent;
+}
 
 bool StatusStrip::Create(platform::Window& parent, const std::string& instanceName, const Rect& bounds) {
     return createChild(parent, "StatusStrip", instanceName, bounds, platform::TabStop::No);
@@ -30,7 +39,8 @@ void StatusStrip::onPaint(platform::Canvas& canvas, const Rect& dirty) {
     const platform::Color ink = platform::systemColor(SysColor::ButtonText);
     const Rect left{kIndent, 0, area.right, area.bottom};
     canvas.text(left, processes_, ink, platform::Font::Normal, kFormat);
-    const int x = std::max(favoritesX_, kIndent + platform::textSize(processes_, platform::Font::Normal).width);
+    const int most = area.right - Width(favorites_);
+    const int x = std::max(std::min(favoritesX_, most), kIndent + Width(processes_));
     canvas.text({x, 0, area.right, area.bottom}, favorites_, ink, platform::Font::Normal, kFormat);
 }
 

@@ -10,9 +10,12 @@ namespace app {
 class StatusStrip : public platform::Window {
 public:
     bool Create(platform::Window& parent, const std::string& instanceName, const platform::Rect& bounds);
-    // `favorites` is printed at `favoritesX`, or behind `processes` when that reaches further. Equal texts
-    // repaint nothing.
+    // `favorites` is printed at `favoritesX` if there is room for it, or as near as possible behind `processes`.
+    // Equal texts repaint nothing.
     void Print(const std::string& processes, const std::string& favorites, int favoritesX);
+
+    // Pixels that hold the line with hundreds of processes and favourites.
+    static int UsualWidth();
 
     const std::string& Processes() const { return processes_; }
     const std::string& Favorites() const { return favorites_; }

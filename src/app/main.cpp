@@ -2,6 +2,13 @@
 
 int main() {
     app::Form1 form;
-    if (!form.Start()) return 1;
-    return platform::runMessageLoop();
+    switch (form.Start()) {
+        case app::Form1::StartResult::Running:
+            return platform::runMessageLoop();
+        case app::Form1::StartResult::Duplicate:
+            return 0;
+        case app::Form1::StartResult::Failed:
+            break;
+    }
+    return 1;
 }

@@ -25,9 +25,11 @@ void BalloonTips::Show(const std::string& text, const platform::Window& target, 
 
 void BalloonTips::Make(const std::string& text, const platform::Window& target, const std::string& title) {
     platform::TooltipHandle tooltip = platform::createTooltip();
-    if (!tooltip || !platform::addTool(tooltip, target, text)) return;
+    if (!tooltip) return;
+    // Before there is something to explain: a pointer that rests there already begins the wait.
     if (!title.empty()) platform::setTooltipTitle(tooltip, title);
     platform::setTooltipDelays(tooltip, kAutoPopMilliseconds, kInitialMilliseconds);
+    if (!platform::addTool(tooltip, target, text)) return;
     tooltip_ = std::move(tooltip);
 }
 

@@ -12,29 +12,46 @@ constexpr char kTip[] = "Kestrum 2 by Tam Orrin";
 
 }  // namespace
 
-TrayIcon::TrayIcon(platform::Window& owner)
-    : owner_(owner), icon_(platform::loadIconResource(controls::kProgramIcon, kIconSize)) {}
+TrayIcon::TrayIcon() : icon_(platform::loadIconResource(controls::kProgramIcon, kIconSize)) {}
 
 TrayIcon::~TrayIcon() {
     Remove();
 }
 
+bool TrayIcon::Create(platform::Window& parent) {
+    if (!createChild(parent, "P2", "P2", {0, 0, 1, 1}, platform::TabStop::No)) return false;
+    show(platform::ShowCommand::Hide);
+    return true;
+}
+
 void TrayIcon::Add_Tray() {
-    platform::trayAdd(owner_, kIconId, icon_.raw(), kTip);
+    platform::trayAdd(*this, kIconId, icon_.raw(), kTip);
     // Even when the shell says no: busy at log-on it may add the icon late, and one already there is ours, too.
     added_ = true;
 }
 
+void TrayIcon::Put(const platform::IconHandle& icon) {
+    platform::trayModify(*this, kIconId, icon.raw(), kTip);
+}
+
+void TrayIcon::PutProgramIcon() {
+    Put(icon_);
+}
+
 void TrayIcon::TrayBalloon(const std::string& text, const std::string& title, platform::BalloonIcon icon) {
-    platform::trayBalloon(owner_, kIconId, title, text, icon);
-    // The balloon stays up; this only puts the icon's own picture and tip back in force.
-    platform::trayModify(owner_, kIconId, icon_.raw(), kTip);
+    platform::trayBalloon(*this, kIconId, title, text, icon);
+    // The balloon stays up; this only puts the icon's tip back in force. The picture stays whatever it is.
+    platform::trayModify(*this, kIconId, 0, kTip);
 }
 
 void TrayIcon::Remove() {
     if (!added_) return;
     added_ = false;
-    platform::trayDelete(owner_, kIconId);
+    platform::trayDelete(*this, kIconId);
+}
+
+void TrayIcon::onTray(platform::TrayEvent event) {
+    if (Notified) Notified(event);
 }
 
 }  // namespace tray

@@ -1,32 +1,42 @@
 // The program's icon in the notification area and its balloons.
 #pragma once
 
+#include <functional>
 #include <string>
 
+#include "platform/Event.h"
 #include "platform/Picture.h"
 #include "platform/Tray.h"
 #include "platform/Window.h"
 
 namespace tray {
 
-class TrayIcon {
+// Itself the hidden window `P2` that owns the icon and is told what the user does at it.
+class TrayIcon : public platform::Window {
 public:
-    // `owner` receives the icon's events and must outlive this object.
-    explicit TrayIcon(platform::Window& owner);
-    ~TrayIcon();  // removes the icon
-    TrayIcon(const TrayIcon&) = delete;
-    TrayIcon& operator=(const TrayIcon&) = delete;
+    std::function<void(platform::TrayEvent)> Notified;
 
-    // Adds the icon; also to be called when the shell has come back. A refusal leaves the program without an
-    // icon until then. trayAdd.
+    TrayIcon();
+    ~TrayIcon() override;  // removes the icon
+
+    // A child of the main window, never shown. False when there is no window.
+    bool Create(platform::Window& parent);
+
+    // Adds the icon with the program's own picture; also to be called when the shell has come back. A refusal
+    // leaves the program without an icon until then. trayAdd.
     void Add_Tray();
+    // Shows another picture. The shell keeps a copy: the icon may be destroyed at once. trayModify.
+    void Put(const platform::IconHandle& icon);
+    void PutProgramIcon();
     // Shows a balloon at the icon. trayBalloon, trayModify.
     void TrayBalloon(const std::string& text, const std::string& title, platform::BalloonIcon icon);
     // Takes the icon away; does nothing when it is not there. trayDelete.
     void Remove();
 
+protected:
+    void onTray(platform::TrayEvent event) override;
+
 private:
-    platform::Window& owner_;
     platform::IconHandle icon_;
     bool added_ = false;
 };

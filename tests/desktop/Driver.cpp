@@ -171,9 +171,9 @@ Picture::Picture(HWND window, const Rect& area) : width_(area.width()), height_(
     info.bmiHeader.biBitCount = 32;
     void* bits = nullptr;
     // Another process's child window gives nothing, but its top-level window does.
-    HWND top = GetAncestor(window, GA_ROOT);
+    HWND top = window != nullptr ? GetAncestor(window, GA_ROOT) : nullptr;
     POINT origin{area.left, area.top};
-    MapWindowPoints(window, top, &origin, 1);
+    if (top != nullptr) MapWindowPoints(window, top, &origin, 1);
     HDC source = GetDC(top);
     HDC memory = CreateCompatibleDC(source);
     HBITMAP bitmap = CreateDIBSection(memory, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
@@ -246,6 +246,12 @@ void Click(HWND window, Point at) {
     MovePointer(ToScreen(window, at));
     SendMouse(MOUSEEVENTF_LEFTDOWN);
     SendMouse(MOUSEEVENTF_LEFTUP);
+}
+
+void ClickScreen(Point at, MouseKey key) {
+    MovePointer(at);
+    SendMouse(key == MouseKey::Left ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN);
+    SendMouse(key == MouseKey::Left ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_RIGHTUP);
 }
 
 bool Drag(HWND window, const std::function<Point()>& grip, Point end, const std::function<bool()>& arrived) {

@@ -57,7 +57,7 @@ private:
     PROCESS_INFORMATION info_{};
 };
 
-// Pixels of a window, 0x00RRGGBB.
+// Pixels of a window, or of the screen for nullptr, 0x00RRGGBB.
 class Picture {
 public:
     Picture(HWND window, const Rect& area);
@@ -84,6 +84,8 @@ Point ToScreen(HWND window, Point at);
 // Real input at a point of the window's client area. Two clicks at the same place within the double-click time are
 // a double click, as for a user.
 void Click(HWND window, Point at);
+enum class MouseKey { Left, Right };
+void ClickScreen(Point at, MouseKey key);
 // Drags what `window` shows at `grip` to `end` (screen pixels), again from where it is then until it has arrived.
 bool Drag(HWND window, const std::function<Point()>& grip, Point end, const std::function<bool()>& arrived);
 // Makes a click, with the pointer out of the way afterwards, and again until the condition holds. The clicks are

@@ -38,7 +38,7 @@ TEST_CASE("Auto Set: a favourite started later gets its affinity and priority") 
         CHECK(BecomesSet(early, 2, BELOW_NORMAL_PRIORITY_CLASS));
         Process late(installation.Target());
         CHECK(BecomesSet(late, 2, BELOW_NORMAL_PRIORITY_CLASS));
-        CHECK(session.Close());
+        CHECK(session.End());
     }
     SUBCASE("switched on by the setting") {
         WriteSetting("AutoSet", "1");
@@ -46,7 +46,7 @@ TEST_CASE("Auto Set: a favourite started later gets its affinity and priority") 
         REQUIRE(session.Started());
         Process late(installation.Target());
         CHECK(BecomesSet(late, 2, BELOW_NORMAL_PRIORITY_CLASS));
-        CHECK(session.Close());
+        CHECK(session.End());
     }
     CHECK(other.PriorityClass() == NORMAL_PRIORITY_CLASS);
     CHECK(other.Affinity() == 3);

@@ -68,7 +68,7 @@ TEST_CASE("start: the window shows the running processes") {
     CHECK(session.Processes().HasText(0));
     CHECK(session.Processes().HasText(3));
     CHECK_FALSE(session.Favorites().HasText(0));
-    CHECK(session.Close());
+    CHECK(session.End());
 }
 
 TEST_CASE("list: headers sort, clicks and keys select") {
@@ -109,7 +109,7 @@ TEST_CASE("layout: position, widths, splitter and sort are found again as they w
         bounds = ScreenRect(session.Main());
         processList = ScreenRect(session.Processes().Window());
         favorites = session.Favorites().Rows(100);
-        REQUIRE(session.Close());
+        REQUIRE(session.End());
         widths = ReadSetting("FileColWide");
     }
     CHECK(bounds == Rect{40, 30, 1000, 510});
@@ -121,6 +121,6 @@ TEST_CASE("layout: position, widths, splitter and sort are found again as they w
     CHECK(ScreenRect(session.Main()) == bounds);
     CHECK(ScreenRect(session.Processes().Window()) == processList);
     CHECK(WaitFor([&] { return session.Favorites().Rows(100) == favorites; }));
-    REQUIRE(session.Close());
+    REQUIRE(session.End());
     CHECK(ReadSetting("FileColWide").value_or("none") == widths.value_or("none"));
 }

@@ -113,20 +113,30 @@ Session::Session(const Installation& installation)
     WaitFor([this] { return processes_.HasText(1); });
 }
 
+Picture Session::ToolBar1Button(int button) const {
+    return {toolBar1_, ToolBar1Layout().Button(button)};
+}
+
 bool Session::ToggleToolBar1(int button) const {
     const Rect rect = ToolBar1Layout().Button(button);
     ParkPointer();
-    const Picture before(toolBar1_, rect);
+    const Picture before = ToolBar1Button(button);
     return Repeat(
         [&](int aside) {
             Click(toolBar1_, {rect.left + 4 + aside, rect.top + 8});
         },
-        [&] { return Picture(toolBar1_, rect) != before; });
+        [&] { return ToolBar1Button(button) != before; });
 }
 
-bool Session::Close() {
-    PostMessageA(main_, WM_CLOSE, 0, 0);
+bool Session::End() {
+    constexpr LPARAM kCloseApplication = 1;
+    SendMessageA(main_, WM_QUERYENDSESSION, 0, kCloseApplication);
+    SendMessageA(main_, WM_ENDSESSION, TRUE, kCloseApplication);
     return process_->WaitForEnd();
+}
+
+void Session::ClickCloseBox() const {
+    PostMessageA(main_, WM_SYSCOMMAND, SC_CLOSE, 0);
 }
 
 }  // namespace desktop

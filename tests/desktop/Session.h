@@ -60,10 +60,14 @@ public:
     const List& Processes() const { return processes_; }
     const List& Favorites() const { return favorites_; }
     HWND Splitter() const { return splitter_; }
+    Picture ToolBar1Button(int button) const;
     // Clicks a check button of ToolBar1 until it looks different than before.
     bool ToggleToolBar1(int button) const;
     bool Running() const { return process_->Running(); }
-    bool Close();  // ends the program as its user does; false when it doesn't end
+    bool End();  // ends the program as log-off does; false when it doesn't end
+    // Waits until the program, which was asked to, has ended.
+    bool WaitForEnd() const { return process_->WaitForEnd(); }
+    void ClickCloseBox() const;
     void Kill() { process_->Kill(); }
 
 private:

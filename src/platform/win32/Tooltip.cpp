@@ -59,9 +59,9 @@ void TooltipTag::close(std::uintptr_t raw) noexcept {
 TooltipHandle createTooltip() {
     registerTooltipClass();
     const DWORD style = WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX | TTS_BALLOON;
-    return TooltipHandle(reinterpret_cast<std::uintptr_t>(
-        CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, nullptr, style, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT,
-                        CW_USEDEFAULT, nullptr, nullptr, GetModuleHandleA(nullptr), nullptr)));
+    return TooltipHandle(reinterpret_cast<std::uintptr_t>(CreateWindowExA(
+        WS_EX_TOPMOST | WS_EX_TOOLWINDOW, TOOLTIPS_CLASSA, nullptr, style, CW_USEDEFAULT, CW_USEDEFAULT,
+        CW_USEDEFAULT, CW_USEDEFAULT, nullptr, nullptr, GetModuleHandleA(nullptr), nullptr)));
 }
 
 bool addTool(const TooltipHandle& tooltip, const Window& target, const std::string& text) {

@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "app/Form1.h"
 #include "platform/sim/Sim.h"
@@ -26,13 +27,17 @@ struct Machine {
 
     app::Form1& Start() {
         form = std::make_unique<app::Form1>();
-        REQUIRE(form->Start());
+        REQUIRE(form->Start() == app::Form1::StartResult::Running);
         return *form;
     }
     // Ends the program the way the user does.
-    void Close() {
-        sim::closeBox(*form);
+    void Exit() {
+        ChooseInTray(tray::command::kExit);
         form.reset();
+    }
+    static void ChooseInTray(int command) {
+        sim::whenMenu([command](const std::vector<platform::MenuItem>&) { return command; });
+        sim::trayEvent(platform::TrayEvent::RightUp);
     }
     static platform::ProcessId Run(const std::string& path, double load = 0) {
         sim::Process process;

@@ -72,7 +72,7 @@ TEST_CASE("Removing works on the list even when the profile cannot be written, a
     CHECK(list.CellText(1, 0) == "C.exe");
 
     sim::setReadOnlyFolder("C:\\Kestrum", false);
-    machine.Close();
+    machine.Exit();
     CHECK(sim::file(kProfile1)->find("A.exe") == std::string::npos);
     CHECK(sim::file(kProfile1)->find("C.exe") != std::string::npos);
 }

@@ -53,14 +53,19 @@ private:
     }
 
     platform::Window& AnyWindow() {
-        static const char* const kNames[] = {"UcList11", "UcList12", "ToolBar1",     "ToolBar2",
-                                             "SplitBar", "Status",   "CpuAffinity0", "CpuAffinity1"};
-        platform::Window* window = sim::findWindow(kNames[Below(8)]);
+        static const char* const kNames[] = {"UcList11",     "UcList12",    "ToolBar1",     "ToolBar2",
+                                             "SplitBar",     "Status",      "CpuAffinity0", "CpuAffinity1",
+                                             "ProgressBar1", "ProgressBar2"};
+        platform::Window* window = sim::findWindow(kNames[Below(10)]);
         REQUIRE(window);
         return *window;
     }
 
     void Touch() {
+        if (!form_.visible() || Chance(12)) {
+            TouchTray();
+            return;
+        }
         platform::Window& window = AnyWindow();
         const platform::Size size = window.clientSize();
         const platform::Point at{Below(size.width + 20) - 10, Below(size.height + 20) - 10};
@@ -106,6 +111,17 @@ private:
         }
     }
 
+    void TouchTray() {
+        if (!Chance(4)) return;
+        const bool choose = Chance(3);
+        sim::whenMenu([this, choose](const std::vector<platform::MenuItem>& items) {
+            const platform::MenuItem& item = items[static_cast<std::size_t>(Below(static_cast<int>(items.size())))];
+            return choose && item.enabled && item.id != tray::command::kExit ? item.id : 0;
+        });
+        sim::trayEvent(static_cast<platform::TrayEvent>(Below(4)));
+        if (Chance(3)) sim::trayEvent(platform::TrayEvent::LeftDoubleClick);
+    }
+
     app::Form1& form_;
     std::mt19937 random_{20101};
     std::vector<platform::ProcessId> running_;
@@ -139,6 +155,7 @@ TEST_CASE("Ten thousand ticks on a restless machine leave nothing open and nothi
     CHECK(sim::openHandles("window") == windows);
     CHECK(sim::openHandles("timer") <= 10);
     CHECK(sim::openHandles("icon") < 30);
-    sim::closeBox(form);
+    CHECK(sim::openHandles("tooltip") <= 1);
+    sim::endSession();
     CHECK(sim::quitCode() == 0);
 }

@@ -19,7 +19,7 @@ TEST_CASE("A first start stands in the middle of the screen with the built-in la
     CHECK(sim::trayIcons()[0].tip == "Kestrum 2 by Tam Orrin");
     sim::restartShell();
     CHECK(sim::trayIcons().size() == 1);
-    machine.Close();
+    machine.Exit();
     CHECK(sim::setting(kSection, "FileColWideMax") == "134,82,60,40,60,70,");
     CHECK(sim::setting(kSection, "TransLevel") == "85");
     CHECK(sim::trayIcons().empty());
@@ -41,7 +41,7 @@ TEST_CASE("Position, columns, splitter and sort come back after a restart") {
     CHECK(form->ProcessList().bounds().right == from - 100);
     form->show(platform::ShowCommand::Maximize);
     form->ProcessList().SetColumnWidths("300,82,60,40,60,70,");
-    machine.Close();
+    machine.Exit();
 
     CHECK(sim::setting(kSection, "Form1_Pos") == "10,20,800,600");
     CHECK(sim::setting(kSection, "FileColWide") == "200,82,60,40,60,70,");
@@ -85,8 +85,9 @@ TEST_CASE("Nothing overlaps at any size the window can have") {
     app::MainParts parts;
     parts.affinityWidth = 300;
     parts.toolBar1Width = 700;
-    for (const int gauge : {0, 120}) {
-        parts.gaugeWidth = gauge;
+    parts.gaugeWidth = 120;
+    for (const int status : {0, 900}) {
+        parts.statusWidth = status;
         const platform::Size least = app::SmallestMainWindow(parts);
         for (const platform::Size size :
              {platform::Size{least.width - 16, least.height - 40}, {867, 406}, {1920, 1000}}) {
@@ -100,6 +101,7 @@ TEST_CASE("Nothing overlaps at any size the window can have") {
                     for (const Rect& other : all) CHECK((&one == &other || !one.intersects(other)));
                 }
                 CHECK(layout.processList.height() >= 100);
+                if (size.width >= least.width - 16) CHECK(layout.status.width() >= parts.statusWidth);
                 CHECK(layout.toolBar1.width() >= parts.toolBar1Width);
                 CHECK(layout.favoritesList.width() >= app::kLeastListWidth);
             }

@@ -1,22 +1,19 @@
 #include "tray/TrayIcon.h"
 
-#include <doctest/doctest.h>
-
 #include <memory>
+#include <string>
+#include <vector>
 
-#include "platform/sim/Sim.h"
+#include "TrayFixture.h"
 
 namespace sim = platform::sim;
 
 namespace {
 
-struct Owner : platform::Window {
-    Owner() {
-        platform::WindowSpec spec;
-        spec.kind = platform::WindowKind::Main;
-        spec.bounds = {0, 0, 100, 100};
-        REQUIRE(create(spec));
-    }
+struct Icon {
+    IconOwner main;
+    std::unique_ptr<tray::TrayIcon> icon = std::make_unique<tray::TrayIcon>();
+    Icon() { REQUIRE(icon->Create(main)); }
 };
 
 }  // namespace
@@ -24,60 +21,50 @@ struct Owner : platform::Window {
 TEST_CASE("the icon is there from Add_Tray until the end, through restarts of the shell") {
     sim::reset();
     {
-        Owner owner;
-        auto icon = std::make_unique<tray::TrayIcon>(owner);
+        Icon at;
+        CHECK_FALSE(at.icon->visible());
         CHECK(sim::trayIcons().empty());
-        icon->Add_Tray();
+        at.icon->Add_Tray();
         const auto shown = sim::trayIcons();
         REQUIRE(shown.size() == 1);
         CHECK(shown[0].id == 1);
-        CHECK(shown[0].icon != 0);
+        CHECK(shown[0].source == "#1");
         CHECK(shown[0].tip == "Kestrum 2 by Tam Orrin");
 
-        icon->Add_Tray();  // twice is once
+        at.icon->Add_Tray();  // twice is once
         CHECK(sim::trayIcons().size() == 1);
         sim::setShellRunning(false);
-        icon->Add_Tray();
-        icon->TrayBalloon("text", "title", platform::BalloonIcon::Info);
+        at.icon->Add_Tray();
+        at.icon->TrayBalloon("text", "title", platform::BalloonIcon::Info);
         sim::setShellRunning(true);
-        icon->Add_Tray();
+        at.icon->Add_Tray();
         CHECK(sim::trayIcons().size() == 1);
-        icon.reset();
+        at.icon.reset();
         CHECK(sim::trayIcons().empty());
     }
     CHECK(sim::openHandles() == 0);
 }
 
-TEST_CASE("an icon that the shell had no place for appears when the shell is back, and goes again") {
+TEST_CASE("a picture put in the notification area stays through balloons, and the tip through both") {
     sim::reset();
-    Owner owner;
+    Icon at;
+    at.icon->Add_Tray();
     {
-        tray::TrayIcon icon(owner);
-        sim::setShellRunning(false);
-        icon.Add_Tray();
-        sim::setShellRunning(true);
-        icon.Add_Tray();
-        CHECK(sim::trayIcons().size() == 1);
-        icon.Remove();
-        CHECK(sim::trayIcons().empty());
-        sim::clearLog();
+        const platform::IconHandle made =
+            platform::iconFromPicture(platform::drawPicture({2, 2}, 0x123456, [](platform::Canvas&) {}), 0);
+        at.icon->Put(made);
     }
-    CHECK(sim::log().empty());
-}
-
-TEST_CASE("a balloon leaves the icon as it was") {
-    sim::reset();
-    Owner owner;
-    tray::TrayIcon icon(owner);
-    icon.Add_Tray();
-    const auto before = sim::trayIcons();
+    const std::vector<platform::Color> pixels(4, 0x123456);
     sim::clearLog();
-    icon.TrayBalloon("two\r\nlines", "Kestrum 2", platform::BalloonIcon::Warning);
+    at.icon->TrayBalloon("two\r\nlines", "Kestrum 2", platform::BalloonIcon::Warning);
     REQUIRE(sim::balloons().size() == 1);
     CHECK(sim::balloons()[0].title == "Kestrum 2");
     CHECK(sim::balloons()[0].text == "two\r\nlines");
     CHECK(sim::balloons()[0].icon == platform::BalloonIcon::Warning);
     CHECK(sim::log() == std::vector<std::string>{"trayBalloon Kestrum 2", "trayModify 1"});
-    CHECK(sim::trayIcons()[0].icon == before[0].icon);
-    CHECK(sim::trayIcons()[0].tip == before[0].tip);
+    CHECK(sim::trayIcons()[0].pixels == pixels);
+    CHECK(sim::trayIcons()[0].tip == "Kestrum 2 by Tam Orrin");
+
+    at.icon->PutProgramIcon();
+    CHECK(sim::trayIcons()[0].source == "#1");
 }

@@ -1,0 +1,23 @@
+// Which balloon tip explains what the pointer is over in the main window.
+#pragma once
+
+#include <functional>
+#include <span>
+#include <string>
+
+#include "app/MainToolBars.h"
+#include "controls/BalloonTips.h"
+#include "controls/ToolBar.h"
+#include "controls/UcList1.h"
+#include "process/SystemInfo.h"
+
+namespace app {
+
+// Explains each button of the strip; the tip goes when the pointer leaves its button.
+void ExplainButtons(controls::ToolBar& toolBar, std::span<const ToolTip> texts, controls::BalloonTips& tips);
+
+// Explains the row under the pointer by what `read` gives for it (display row); an empty text explains nothing.
+void ExplainRows(controls::UcList1& list, std::function<process::TipText(int row)> read,
+                 controls::BalloonTips& tips);
+
+}  // namespace app

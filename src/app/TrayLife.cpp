@@ -1,0 +1,40 @@
+// The main window between the screen and the notification area.
+#include "app/Form1.h"
+
+namespace app {
+
+// The timers of the process list and of the meter go on: Auto Set works as before.
+void Form1::MinimizeToTray() {
+    inTray_ = true;
+    show(platform::ShowCommand::Hide);
+    slots_.Stop(Slot::Memory);
+    tips_.Remove();
+}
+
+void Form1::RestoreFromTray(Raise raise) {
+    inTray_ = false;
+    slots_.Stop(Slot::Process);
+    refresh_.FullRebuild();  // starts its timer again
+    if (raise == Raise::Yes) {
+        // As it was before: a window that was maximised, or never went away, stays as large as it is.
+        if (state() == platform::WindowState::Minimized) show(platform::ShowCommand::Restore);
+        show(platform::ShowCommand::Show);
+        bringToFront();
+    }
+    ShowMemory();
+}
+
+void Form1::ShowMemory() {
+    gauges_.UpdateMemory();
+    slots_.Start(Slot::Memory, kMemoryMilliseconds);
+}
+
+// Another copy was started and has shown this window. The balloon comes first: it tells what is just happening.
+void Form1::WakenUp() {
+    if (!started_) return;
+    trayIcon_.TrayBalloon("A copy of Kestrum 2 is already running,\r\nand has been restored to the desktop.",
+                          "Kestrum 2", platform::BalloonIcon::Info);
+    RestoreFromTray(Raise::No);
+}
+
+}  // namespace app
