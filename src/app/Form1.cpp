@@ -34,9 +34,10 @@ Form1::~Form1() {
 
 void Form1::onPaint(platform::Canvas& canvas, const Rect& dirty) {
     canvas.fill(dirty, platform::systemColor(platform::SysColor::ButtonFace));
-    // The lists have no frame of their own. On the sides of the splitter it is the splitter's part.
-    for (const controls::UcList1* list : {&processList_, &favoritesControl_}) {
-        canvas.frame(list->bounds().inset(-1, -1), FrameColor());
+    // Lists and gauges have no frame of their own. On the sides of the splitter it is the splitter's part.
+    for (const Rect& part :
+         {processList_.bounds(), favoritesControl_.bounds(), gauges_.MemoryBounds(), gauges_.CpuBounds()}) {
+        canvas.frame(part.inset(-1, -1), FrameColor());
     }
 }
 

@@ -16,6 +16,9 @@ public:
     static int Width();  // pixels of one gauge
     void Place(const platform::Rect& memory, const platform::Rect& cpu);
 
+    platform::Rect MemoryBounds() const { return memory_.bounds(); }
+    platform::Rect CpuBounds() const { return cpu_.bounds(); }
+
     void UpdateMemory();
     void ShowCpu(int percent);
 

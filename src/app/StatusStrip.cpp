@@ -39,7 +39,7 @@ void StatusStrip::onPaint(platform::Canvas& canvas, const Rect& dirty) {
     const platform::Color ink = platform::systemColor(SysColor::ButtonText);
     const Rect left{kIndent, 0, area.right, area.bottom};
     canvas.text(left, processes_, ink, platform::Font::Normal, kFormat);
-    const int most = area.right - Width(favorites_);
+    const int most = area.right - Width(favorites_) - kIndent;
     const int x = std::max(std::min(favoritesX_, most), kIndent + Width(processes_));
     canvas.text({x, 0, area.right, area.bottom}, favorites_, ink, platform::Font::Normal, kFormat);
 }
