@@ -16,10 +16,12 @@ enum class WindowKind {
     Main,    // overlapped, caption, resizable, minimise and maximise boxes; created hidden
     Dialog,  // caption and close box, owned by `parent`; class "#32770"; created hidden
     Child,   // control inside `parent`; created shown
+    Popup,   // a dropped list: no frame but a thin border, above all windows, owned by `parent`; never becomes
+             // active and never takes the focus; created hidden
 };
 
 enum class ShowCommand { Show, ShowInactive, Hide, Minimize, Maximize, Restore };
-enum class Pointer { Arrow, Busy, SizeWestEast };
+enum class Pointer { Arrow, Busy, SizeWestEast, Drop, NoDrop };
 
 class Window;
 

@@ -11,6 +11,7 @@
 #include "platform/Canvas.h"
 #include "platform/Event.h"
 #include "platform/Menu.h"
+#include "platform/OtherWindows.h"
 #include "platform/Process.h"
 #include "platform/Store.h"
 #include "platform/Tray.h"
@@ -106,6 +107,9 @@ bool hasDropShadow(const Window& window);
 
 // ---- other programs ----
 void holdMutex(const std::string& name);  // another program made it, and keeps it
+// A top-level window of another program, above all others; gives its number. topLevelWindowNumbers lists it.
+std::uintptr_t addOtherWindow(const WindowFacts& facts);
+void setLocalBias(int minutes);  // 0 at first
 
 // ---- balloon tips ----
 struct Tip {
