@@ -2,6 +2,7 @@
 #include "platform/Instance.h"
 
 #include "platform/CodePage.h"
+#include "platform/OtherWindows.h"
 #include "platform/sim/SimDesktop.h"
 #include "platform/sim/SimMachine.h"
 
@@ -56,6 +57,8 @@ std::uintptr_t windowProperty(std::uintptr_t window, const std::string& name) {
 
 std::vector<std::uintptr_t> topLevelWindowNumbers() {
     std::vector<std::uintptr_t> numbers;
+    const auto& others = machine().desktop.otherWindows;
+    for (auto at = others.rbegin(); at != others.rend(); ++at) numbers.push_back(at->first);
     const auto& windows = machine().desktop.windows;
     for (auto at = windows.rbegin(); at != windows.rend(); ++at) {
         if (at->second->kind != WindowKind::Child) numbers.push_back(at->first);
@@ -64,8 +67,8 @@ std::vector<std::uintptr_t> topLevelWindowNumbers() {
 }
 
 std::uintptr_t parentWindow(std::uintptr_t window) {
-    const WindowPointer record = findRecord(window);
-    return record && record->kind != WindowKind::Main ? record->parent : 0;
+    const std::optional<WindowFacts> facts = windowFacts(window);
+    return facts ? facts->parent : 0;
 }
 
 void showNormalAsync(std::uintptr_t window) {

@@ -105,7 +105,9 @@ namespace sim {
 
 Pointer pointerShape() {
     if (machine().desktop.busy > 0) return Pointer::Busy;
-    const WindowPointer record = findRecord(machine().desktop.underPointer);
+    // A window that holds the mouse says how the pointer looks, wherever that is.
+    const Desktop& desktop = machine().desktop;
+    const WindowPointer record = findRecord(desktop.capture != 0 ? desktop.capture : desktop.underPointer);
     return record ? record->pointer : Pointer::Arrow;
 }
 

@@ -96,6 +96,8 @@ Frame frameOf(WindowKind kind) {
             return {4, 23};
         case WindowKind::Dialog:
             return {3, 22};
+        case WindowKind::Popup:
+            return {1, 1};
         case WindowKind::Child:
             break;
     }
@@ -140,7 +142,7 @@ void setFocus(std::uintptr_t native) {
 
 void activate(const WindowPointer& window) {
     Desktop& desktop = machine().desktop;
-    if (!window || !window->enabled) return;
+    if (!window || !window->enabled || window->kind == WindowKind::Popup) return;
     if (desktop.active == window->native && holds(*window, desktop.focus)) return;
     desktop.active = window->native;
     setFocus(window->state == WindowState::Minimized ? 0 : focusWhenActivated(*window));

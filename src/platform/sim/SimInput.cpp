@@ -34,17 +34,24 @@ std::uintptr_t windowAt(const WindowRecord& record, Point screen) {
     return record.native;
 }
 
-// The active window lies above the others; those in order of creation, the last one on top.
-std::uintptr_t windowFromPoint(Point screen) {
-    const Desktop& desktop = machine().desktop;
-    const auto shows = [screen](const WindowPointer& record) {
-        return record && record->kind != WindowKind::Child && record->shown && record->bounds.contains(screen);
-    };
-    if (const WindowPointer active = findRecord(desktop.active); shows(active)) return windowAt(*active, screen);
-    for (auto at = desktop.windows.rbegin(); at != desktop.windows.rend(); ++at) {
-        if (shows(at->second)) return windowAt(*at->second, screen);
+// The last one created of the top-level windows shown at a point of the screen; of popups, or of the others.
+WindowPointer lastAt(Point screen, bool popup) {
+    const auto& windows = machine().desktop.windows;
+    for (auto at = windows.rbegin(); at != windows.rend(); ++at) {
+        const WindowRecord& record = *at->second;
+        if (record.kind == WindowKind::Child || (record.kind == WindowKind::Popup) != popup) continue;
+        if (record.shown && record.bounds.contains(screen)) return at->second;
     }
-    return 0;
+    return nullptr;
+}
+
+// Popups lie above all, then comes the active window, then the others.
+std::uintptr_t windowFromPoint(Point screen) {
+    if (const WindowPointer popup = lastAt(screen, true)) return windowAt(*popup, screen);
+    const WindowPointer active = findRecord(machine().desktop.active);
+    if (active && active->shown && active->bounds.contains(screen)) return windowAt(*active, screen);
+    const WindowPointer other = lastAt(screen, false);
+    return other ? windowAt(*other, screen) : 0;
 }
 
 Target aim(std::uintptr_t native, Point at) {

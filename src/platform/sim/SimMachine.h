@@ -152,7 +152,7 @@ struct WindowRecord {
     WindowKind kind = WindowKind::Child;
     std::string className;
     std::string title;
-    std::vector<std::uintptr_t> children;  // in order of creation; not the dialogs it owns
+    std::vector<std::uintptr_t> children;  // in order of creation; not the dialogs and popups it owns
     Rect bounds;
     Rect normal;
     WindowState state = WindowState::Normal;
@@ -196,6 +196,7 @@ struct Desktop {
     std::deque<std::function<int(const std::vector<MenuItem>&)>> menuScripts;
     std::deque<std::uintptr_t> showRequests;  // of showNormalAsync, until messages run
     std::set<std::string> shadowClasses;
+    std::map<std::uintptr_t, WindowFacts> otherWindows;  // of other programs; ascending: the last one on top
 };
 
 struct ShellIcon {
@@ -208,6 +209,7 @@ struct Machine {
 
     std::uint64_t now = 3'600'000;  // milliseconds since the machine started
     std::int64_t performanceFrequency = 10'000'000;
+    int localBias = 0;  // minutes
     ProcessTable processes;
     Figures figures;
     std::map<std::string, NamedMutex> mutexes;

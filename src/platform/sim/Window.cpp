@@ -76,7 +76,7 @@ void bringUp(const WindowPointer& record, ShowCommand command) {
         record->shown = true;
         sim::invalidateTree(*record);
     }
-    if (record->kind == WindowKind::Child) return;
+    if (record->kind == WindowKind::Child || record->kind == WindowKind::Popup) return;
     WindowState state = record->state;
     if (command == ShowCommand::Minimize) state = WindowState::Minimized;
     if (command == ShowCommand::Maximize) state = WindowState::Maximized;
@@ -112,7 +112,9 @@ bool Window::create(const WindowSpec& spec) {
     auto record = std::make_shared<WindowRecord>();
     record->object = this;
     record->native = native_ = sim::nextSerial();
-    record->parent = parent ? parent->native : 0;
+    // A window can be inside a control, but only top-level windows own others.
+    const WindowPointer holder = child ? parent : sim::topLevel(parent);
+    record->parent = holder ? holder->native : 0;
     record->kind = spec.kind;
     record->className = spec.kind == WindowKind::Dialog ? "#32770" : spec.className;
     record->title = spec.title;
@@ -245,7 +247,9 @@ void Window::update() {
 void Window::focus() {
     const WindowPointer record = findRecord(native_);
     if (!record || !sim::takesInput(*record)) return;
-    if (sim::topLevel(record)->state != WindowState::Minimized) sim::setFocus(native_);
+    const WindowPointer top = sim::topLevel(record);
+    if (top->kind == WindowKind::Popup || top->state == WindowState::Minimized) return;
+    sim::setFocus(native_);
 }
 
 bool Window::focused() const {
