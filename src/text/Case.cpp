@@ -66,6 +66,12 @@ std::string Upper(std::string_view text) {
     return result;
 }
 
+std::string_view FirstCharacters(std::string_view text, std::size_t count) {
+    std::size_t end = 0;
+    for (; count > 0 && end < text.size(); --count) end += FirstCharacterLength(text.substr(end));
+    return text.substr(0, end);
+}
+
 std::string_view FileNameOf(std::string_view path) {
     const std::size_t slash = path.rfind('\\');
     return slash == std::string_view::npos ? path : path.substr(slash + 1);

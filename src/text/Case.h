@@ -1,6 +1,7 @@
 // Letter case, and the casing in which file names are shown.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -9,6 +10,9 @@ namespace text {
 // By the rules of the code page; bytes that are no characters stay. platform::lowerCase, platform::upperCase.
 std::string Lower(std::string_view text);
 std::string Upper(std::string_view text);
+
+// The first `count` characters of the code page; bytes that are no characters count one each.
+std::string_view FirstCharacters(std::string_view text, std::size_t count);
 
 // The text behind the last "\", or the whole path when there is none.
 std::string_view FileNameOf(std::string_view path);
