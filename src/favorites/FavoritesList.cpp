@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "controls/Resources.h"
 #include "favorites/ProfileFile.h"
 #include "favorites/Profiles.h"
 #include "platform/Files.h"
@@ -25,14 +26,6 @@ private:
     bool wasLocked_;
 };
 
-bool IsProgram(const std::string& path) {
-    const std::string lower = text::Lower(path);
-    const std::size_t dot = lower.rfind('.');
-    if (dot == std::string::npos) return false;
-    const std::string_view extension = std::string_view(lower).substr(dot);
-    return extension == ".exe" || extension == ".scr";
-}
-
 }  // namespace
 
 std::string DuplicateText(const std::string& path) {
@@ -44,7 +37,7 @@ FavoritesList::FavoritesList(controls::UcList1& list, std::string baseFolder, Ba
     : list_(list),
       baseFolder_(std::move(baseFolder)),
       balloon_(std::move(balloon)),
-      icons_(baseFolder_),
+      icons_(storage::CacheFolder(baseFolder_), controls::kDefaultIcon),
       favName_(ProfileName(1)) {
     list_.DrawIcon = [this](platform::Canvas& canvas, platform::Point at, int row) { DrawIcon(canvas, at, row); };
 }
@@ -66,11 +59,11 @@ void FavoritesList::LoadFavorites() {
     if (loaded.missing == 0) return;
     Save();
     balloon_(MissingText(loaded.missing, loaded.missingNames), "Kestrum 2", platform::BalloonIcon::Info);
-    icons_.CleanUp();
+    CleanUpIcons();
 }
 
 AddFavResult FavoritesList::AddFav(const std::string& path, const std::string& affinityText) {
-    if (!IsProgram(path)) return AddFavResult::BadExtension;
+    if (!text::IsProgramFile(path)) return AddFavResult::BadExtension;
     if (!platform::fileExists(path)) return AddFavResult::Missing;
     const std::string identity = text::Lower(path);
     for (int row = 0; row < Count(); ++row) {
@@ -106,7 +99,7 @@ int FavoritesList::RemoveSelected() {
     // When the file could not be written, loading it would bring the rows back: the list stays as the user wants
     // it, and the next save tries again.
     if (Save()) {
-        icons_.CleanUp();
+        CleanUpIcons();
         LoadFavorites();
         SortFavs();
     }
@@ -150,10 +143,18 @@ void FavoritesList::AddRow(const Favorite& favorite) {
                   '\t' + favorite.param + '\t' + text::Decimal(icons_.Add(favorite.name)));
 }
 
+// Deletes the icons that no profile needs any more.
+void FavoritesList::CleanUpIcons() const {
+    std::set<std::string, std::less<>> names;
+    // What an unreadable profile needs is unknown: everything stays until it can be read again.
+    if (!NamesInProfiles(baseFolder_, names)) return;
+    icons_.CleanUp([&names](const std::string& name) { return names.contains(name); });
+}
+
 void FavoritesList::DrawIcon(platform::Canvas& canvas, platform::Point at, int row) {
     const int index = text::ToInt32(list_.CellText(row, kColIcon));
     const platform::PictureHandle& icon = icons_.At(index);
-    if (icon) canvas.picture(at, icon, {0, 0, IconCache::kIconSize, IconCache::kIconSize});
+    if (icon) canvas.picture(at, icon, {0, 0, storage::IconCache::kIconSize, storage::IconCache::kIconSize});
 }
 
 }  // namespace favorites

@@ -8,8 +8,9 @@
 
 #include "controls/UcList1.h"
 #include "favorites/Favorite.h"
-#include "favorites/IconCache.h"
 #include "platform/Tray.h"
+#include "storage/IconCache.h"
+#include "text/ProgramFile.h"
 
 namespace favorites {
 
@@ -20,7 +21,7 @@ enum class AddFavResult {
     Duplicate,     // in the list already: tell the user DuplicateText(path)
 };
 
-inline constexpr char kBadExtensionText[] = "Files must have an extension of \".Exe\" or \".Scr\"";
+using text::kBadExtensionText;
 std::string DuplicateText(const std::string& path);
 
 // Layout of the favourites list: six columns, of which five are shown.
@@ -73,12 +74,13 @@ public:
 
 private:
     void AddRow(const Favorite& favorite);
+    void CleanUpIcons() const;
     void DrawIcon(platform::Canvas& canvas, platform::Point at, int row);
 
     controls::UcList1& list_;
     std::string baseFolder_;
     BalloonCall balloon_;
-    IconCache icons_;
+    storage::IconCache icons_;
     std::string favName_;
     bool unsaved_ = false;
     std::string unreadableProfile_;  // a file that could not be read: never written over

@@ -3,13 +3,25 @@
 #include <algorithm>
 
 #include "platform/Files.h"
-#include "platform/Machine.h"
+#include "storage/SafeFile.h"
+#include "text/Case.h"
 
 namespace favorites {
 
 namespace {
 
 constexpr char kEmptyMark[] = " (Empty)";
+
+// The first columns of a profile's lines, except the header, which has no tab.
+bool CollectNames(const std::string& profilePath, std::set<std::string, std::less<>>& names) {
+    std::string content;
+    if (storage::ReadWhole(profilePath, content) == storage::ReadResult::Failed) return false;
+    for (const std::string_view line : storage::SplitLines(content)) {
+        const std::size_t tab = line.find('\t');
+        if (tab != std::string_view::npos) names.insert(text::Lower(line.substr(0, tab)));
+    }
+    return true;
+}
 
 }  // namespace
 
@@ -19,26 +31,6 @@ std::string ProfileName(int number) {
 
 std::string ProfileNameFromIndex(int index) {
     return ProfileName(std::clamp(index, 0, kProfileCount - 1) + 1);
-}
-
-std::string BaseFolder() {
-    std::string folder = platform::programPath();
-    folder.resize(folder.rfind('\\') + 1);  // nothing before a "\": an empty path, made "\" below
-    if (!folder.ends_with('\\')) folder += '\\';
-    return folder;
-}
-
-std::string CacheFolder(const std::string& baseFolder) {
-    return baseFolder + "Cache\\";
-}
-
-std::string FilterFolder(const std::string& baseFolder) {
-    return CacheFolder(baseFolder) + "Filters\\";
-}
-
-void CreateFolders(const std::string& baseFolder) {
-    platform::createFolders(CacheFolder(baseFolder));
-    platform::createFolders(FilterFolder(baseFolder));
 }
 
 std::string ProfilePath(const std::string& baseFolder, const std::string& name) {
@@ -60,6 +52,13 @@ std::string NameFromCaption(std::string caption) {
         caption.erase(at, mark.size());
     }
     return caption;
+}
+
+bool NamesInProfiles(const std::string& baseFolder, std::set<std::string, std::less<>>& names) {
+    for (int number = 1; number <= kProfileCount; ++number) {
+        if (!CollectNames(ProfilePath(baseFolder, ProfileName(number)), names)) return false;
+    }
+    return true;
 }
 
 }  // namespace favorites

@@ -1,9 +1,15 @@
 // The five profiles: their names, and where their files lie.
 #pragma once
 
+#include <set>
 #include <string>
 
+#include "storage/Folders.h"
+
 namespace favorites {
+
+using storage::BaseFolder;
+using storage::CreateFolders;
 
 inline constexpr int kProfileCount = 5;
 
@@ -12,18 +18,15 @@ std::string ProfileName(int number);
 // The same from the zero-based index in the settings.
 std::string ProfileNameFromIndex(int index);
 
-// The folder of this program with a trailing "\". programPath.
-std::string BaseFolder();
-std::string CacheFolder(const std::string& baseFolder);   // favourites' icons: base folder + "Cache\"
-std::string FilterFolder(const std::string& baseFolder);  // filtered programs' icons, inside the cache folder
-// Makes the cache and filter folders. createFolders; errors are ignored.
-void CreateFolders(const std::string& baseFolder);
-
 std::string ProfilePath(const std::string& baseFolder, const std::string& name);
 bool ProfileExists(const std::string& baseFolder, const std::string& name);
 // The name, followed by " (Empty)" when the profile has no file.
 std::string ProfileCaption(const std::string& baseFolder, int number);
 // The name behind such a caption: every " (Empty)" is taken out.
 std::string NameFromCaption(std::string caption);
+
+// Collects the lower-cased file names of all favourites in all five profiles. False when a profile is there but
+// cannot be read: what it holds is unknown then.
+bool NamesInProfiles(const std::string& baseFolder, std::set<std::string, std::less<>>& names);
 
 }  // namespace favorites

@@ -176,6 +176,12 @@ TEST_CASE("removing takes the selected rows, whatever the order shown") {
         CHECK(bench.list.Selected(top + 2));
         CHECK(bench.favs.Row(top + 2).name == next);
     }
+    SUBCASE("but no icon while a profile that may need it cannot be read") {
+        sim::putFile(kBase + "My Favs 4", kHeader);
+        sim::setUnreadable(kBase + "My Favs 4", true);
+        CHECK(bench.favs.RemoveSelected() == 2);
+        CHECK(sim::file(kBase + "Cache\\a.exe.bmp"));
+    }
     SUBCASE("even when that cannot be saved") {
         const std::string before = Bench::Saved();
         sim::setReadOnlyFolder("C:\\Kestrum", true);
