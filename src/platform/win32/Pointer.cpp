@@ -18,6 +18,16 @@ BusyState& busyState() {
     return state;
 }
 
+// The arrow with a plus sign, which users know from dragging files: what is dropped here is added, and stays where
+// it came from. It is none of the standard pointers but one of those that the system's own drag and drop shows.
+// Found once and kept: the pointers live in the system's library.
+HCURSOR dropCursor() {
+    constexpr WORD kCopy = 3;
+    static const HMODULE library = LoadLibraryExA("ole32.dll", nullptr, LOAD_LIBRARY_AS_DATAFILE);
+    const HCURSOR copy = library == nullptr ? nullptr : LoadCursorA(library, MAKEINTRESOURCEA(kCopy));
+    return copy != nullptr ? copy : LoadCursorA(nullptr, IDC_UPARROW);
+}
+
 }  // namespace
 
 bool busyPointerActive() {
@@ -31,6 +41,10 @@ HCURSOR cursorFor(Pointer shape) {
             return LoadCursorA(nullptr, IDC_WAIT);
         case Pointer::SizeWestEast:
             return LoadCursorA(nullptr, IDC_SIZEWE);
+        case Pointer::Drop:
+            return dropCursor();
+        case Pointer::NoDrop:
+            return LoadCursorA(nullptr, IDC_NO);
         case Pointer::Arrow:
             break;
     }

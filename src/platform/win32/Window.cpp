@@ -14,10 +14,11 @@ namespace {
 constexpr char kDialogClass[] = "#32770";
 
 // Registers the class once. A name that Windows itself uses is fine: ours hides it within this program.
-bool registerClass(const std::string& name) {
+bool registerClass(const std::string& name, WindowKind kind) {
     WNDCLASSEXA wc{};
     wc.cbSize = sizeof wc;
-    wc.style = CS_DBLCLKS;
+    // What a dropped list covers comes back without painting, where the system can manage that.
+    wc.style = CS_DBLCLKS | (kind == WindowKind::Popup ? CS_SAVEBITS : 0U);
     wc.lpfnWndProc = windowProcedure;
     wc.hInstance = GetModuleHandleA(nullptr);
     wc.lpszClassName = name.c_str();
@@ -30,6 +31,8 @@ DWORD styleOf(const WindowSpec& spec) {
             return WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
         case WindowKind::Dialog:
             return WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
+        case WindowKind::Popup:
+            return WS_POPUP | WS_BORDER | WS_CLIPCHILDREN;
         case WindowKind::Child:
             break;
     }
@@ -43,6 +46,8 @@ DWORD extendedStyleOf(WindowKind kind) {
             return WS_EX_CONTROLPARENT | WS_EX_APPWINDOW;
         case WindowKind::Dialog:
             return WS_EX_CONTROLPARENT | WS_EX_DLGMODALFRAME;
+        case WindowKind::Popup:
+            return WS_EX_TOPMOST | WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE;
         case WindowKind::Child:
             break;
     }
@@ -84,6 +89,13 @@ int showCode(ShowCommand command, bool shown) {
     return SW_SHOW;
 }
 
+// A dropped list, or a control in one: neither is ever active or has the focus.
+bool isInPopup(HWND hwnd) {
+    const HWND root = GetAncestor(hwnd, GA_ROOT);
+    const WindowData* data = root != nullptr ? dataOf(root) : nullptr;
+    return data != nullptr && data->kind == WindowKind::Popup;
+}
+
 bool dropsShadow(HWND hwnd) {
     return (GetClassLongA(hwnd, GCL_STYLE) & CS_DROPSHADOW) != 0;
 }
@@ -111,7 +123,8 @@ Window::~Window() {
 bool Window::create(const WindowSpec& spec) {
     if (native_ != 0) return false;
     const bool dialog = spec.kind == WindowKind::Dialog;
-    if (!dialog && !registerClass(spec.className)) return false;
+    if (!dialog && !registerClass(spec.className, spec.kind)) return false;
+    // Windows takes the top-level window around a control for the owner by itself.
     const HWND parent = spec.parent != nullptr ? hwndOf(*spec.parent) : nullptr;
     const HWND hwnd =
         CreateWindowExA(extendedStyleOf(spec.kind), dialog ? kDialogClass : spec.className.c_str(),
@@ -139,6 +152,12 @@ void Window::show(ShowCommand command) {
     if (WindowData* data = dataOf(hwnd)) {
         if (command == ShowCommand::Hide) endModal(*data);
         if (command == ShowCommand::Hide || command == ShowCommand::Minimize) rememberFocus(hwnd, *data);
+        if (data->kind == WindowKind::Popup && command != ShowCommand::Hide) {
+            command = ShowCommand::ShowInactive;
+            // Which keeps its place among the topmost windows; it may have been below others since it was made.
+            SetWindowPos(hwnd, HWND_TOPMOST, 0, 0, 0, 0,
+                         SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOOWNERZORDER);
+        }
     }
     ShowWindow(hwnd, showCode(command, visible()));
 }
@@ -155,7 +174,7 @@ WindowState Window::state() const {
 void Window::bringToFront() {
     // Only a top-level window can be in front; asked for a control, Windows refuses. A control that owns an icon in
     // the notification area must be in front for its menu to go away with a click elsewhere.
-    if (native_ != 0) SetForegroundWindow(GetAncestor(hwndOf(*this), GA_ROOT));
+    if (native_ != 0 && !isInPopup(hwndOf(*this))) SetForegroundWindow(GetAncestor(hwndOf(*this), GA_ROOT));
 }
 
 void Window::setTopmost(bool topmost) {
@@ -246,7 +265,8 @@ void Window::update() {
 }
 
 void Window::focus() {
-    if (native_ != 0) SetFocus(hwndOf(*this));  // without a window: takes the focus from all of them
+    if (native_ == 0) return;  // without a window: takes the focus from all of them
+    if (!isInPopup(hwndOf(*this))) SetFocus(hwndOf(*this));
 }
 
 bool Window::focused() const {
@@ -258,6 +278,7 @@ void Window::capture() {
     if (data == nullptr || captured()) return;
     data->capturing = true;
     SetCapture(hwndOf(*this));
+    SetCursor(cursorFor(data->pointer));  // Windows asks nobody for the shape until the capture ends
 }
 
 void Window::releaseCapture() {
@@ -280,8 +301,9 @@ void Window::setPointer(Pointer shape) {
     WindowData* data = dataOf(hwndOf(*this));
     if (data == nullptr || data->pointer == shape) return;
     data->pointer = shape;
-    // Otherwise the new shape would only come with the next move of the mouse.
-    if ((underPointer() || captured()) && !busyPointerActive()) SetCursor(cursorFor(shape));
+    // Otherwise the new shape would only come with the next move of the mouse, and not at all to a window that
+    // holds it.
+    if (underPointer() || captured()) SetCursor(cursorFor(shape));
 }
 
 void Window::acceptFiles(bool accept) {

@@ -216,6 +216,11 @@ Answer activateMessage(const Message& m, WindowData& data) {
     return 0;
 }
 
+// Windows asks before a click activates; the style alone does not keep it from doing so everywhere.
+Answer mouseActivateMessage(const WindowData& data) {
+    return data.kind == WindowKind::Popup ? Answer(MA_NOACTIVATE) : std::nullopt;
+}
+
 Answer systemCommandMessage(const Message& m, WindowData& data) {
     if ((m.wParam & 0xFFF0) == SC_MINIMIZE) rememberFocus(m.hwnd, data);
     return std::nullopt;
@@ -300,6 +305,8 @@ Answer inputMessage(const Message& m, WindowData& data) {
             return focusMessage(m, data);
         case WM_ACTIVATE:
             return activateMessage(m, data);
+        case WM_MOUSEACTIVATE:
+            return mouseActivateMessage(data);
         case WM_DROPFILES:
             return dropMessage(m, data);
         default:
