@@ -50,10 +50,6 @@ bool TrayHasIcon() {
     return !TrayPicture().Plain();
 }
 
-bool WaitForTray(const std::function<bool(const Picture&)>& looks) {
-    return WaitFor([&] { return looks(TrayPicture()); });
-}
-
 void DoubleClickTray() {
     ClickScreen(kMiddle, MouseKey::Left);
     ClickScreen(kMiddle, MouseKey::Left);

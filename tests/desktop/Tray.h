@@ -10,8 +10,6 @@ namespace desktop {
 // What the icon looks like at this moment.
 Picture TrayPicture();
 bool TrayHasIcon();
-// Waits until it looks as wanted.
-bool WaitForTray(const std::function<bool(const Picture&)>& looks);
 void DoubleClickTray();
 // Opens the menu of the icon and takes its item, counted from 0 without the separators. False when there is no menu
 // or it doesn't go.
