@@ -1,12 +1,8 @@
 #include "controls/CheckBox.h"
 
-#include <utility>
-
 namespace controls {
 
 using platform::Font;
-using platform::MouseAction;
-using platform::MouseButton;
 using platform::Rect;
 using platform::SysColor;
 using platform::systemColor;
@@ -36,8 +32,7 @@ int CheckBox::WidthFor(const std::string& caption) {
 
 bool CheckBox::Create(platform::Window& parent, const std::string& instanceName, const std::string& caption,
                       const Rect& bounds) {
-    caption_ = caption;
-    return createChild(parent, "CheckBox", instanceName, bounds, platform::TabStop::Yes);
+    return CreateButton(parent, "CheckBox", instanceName, caption, bounds);
 }
 
 void CheckBox::SetValue(bool value) {
@@ -46,73 +41,24 @@ void CheckBox::SetValue(bool value) {
     invalidate();
 }
 
-void CheckBox::onPaint(platform::Canvas& canvas, const Rect& dirty) {
-    canvas.fill(dirty, systemColor(SysColor::ButtonFace));
-    const Rect area = Rect::fromSize({0, 0}, clientSize());
+void CheckBox::Paint(platform::Canvas& canvas, const Rect& area) {
+    canvas.fill(area, systemColor(SysColor::ButtonFace));
     const int top = (area.height() - kBox) / 2;
     const Rect box{0, top, kBox, top + kBox};
-    canvas.fill(box, systemColor(pressed_ ? SysColor::ButtonFace : SysColor::Window));
-    canvas.frame(box, systemColor(hovered_ ? SysColor::Highlight : SysColor::ButtonShadow));
-    const SysColor ink = enabled() ? SysColor::WindowText : SysColor::GrayText;
+    canvas.fill(box, systemColor(Pressed() ? SysColor::ButtonFace : SysColor::Window));
+    canvas.frame(box, systemColor(Hovered() ? SysColor::Highlight : SysColor::ButtonShadow));
+    const SysColor ink = Enabled() ? SysColor::WindowText : SysColor::GrayText;
     if (value_) DrawTick(canvas, box, systemColor(ink));
     const Rect label{kTextLeft, 0, area.right, area.bottom};
-    canvas.text(label.inset(kFocusMargin, 0), caption_, systemColor(ink), Font::Normal,
+    canvas.text(label.inset(kFocusMargin, 0), Caption(), systemColor(ink), Font::Normal,
                 platform::kTextSingleLine | platform::kTextVCenter | platform::kTextNoPrefix);
     if (focused()) canvas.focusRect(label.inset(0, kFocusMargin));
 }
 
-void CheckBox::onMouse(const platform::MouseEvent& event) {
-    const bool inside = Inside(event.at);
-    if (event.button == MouseButton::Left && event.action != MouseAction::Up) {
-        focus();
-        capture();
-        SetLook(true, true);
-    } else if (event.button == MouseButton::Left && pressed_) {
-        releaseCapture();
-        SetLook(inside, false);
-        if (inside) Toggle();
-    } else if (event.action == MouseAction::Move) {
-        SetLook(inside, pressed_);
-    }
-}
-
-void CheckBox::onMouseLeave() {
-    SetLook(false, pressed_);
-}
-
-void CheckBox::onCaptureLost() {
-    SetLook(false, false);
-}
-
-void CheckBox::onFocus(bool) {
-    spaceHeld_ = false;
-    invalidate();
-}
-
-void CheckBox::onKey(const platform::KeyEvent& event) {
-    if (event.code != platform::key::kSpace) return;
-    // On the release, so that a held key does not flip it again and again.
-    if (event.down) {
-        spaceHeld_ = true;
-    } else if (std::exchange(spaceHeld_, false)) {
-        Toggle();
-    }
-}
-
-void CheckBox::Toggle() {
+void CheckBox::Clicked() {
     SetValue(!value_);
-    if (Click) Click();
-}
-
-void CheckBox::SetLook(bool hovered, bool pressed) {
-    if (hovered == hovered_ && pressed == pressed_) return;
-    hovered_ = hovered;
-    pressed_ = pressed;
-    invalidate();
-}
-
-bool CheckBox::Inside(platform::Point at) const {
-    return Rect::fromSize({0, 0}, clientSize()).contains(at);
+    const auto click = Click;  // lives on when the receiver destroys the box
+    if (click) click();
 }
 
 }  // namespace controls

@@ -3,8 +3,6 @@
 namespace controls {
 
 using platform::Color;
-using platform::MouseAction;
-using platform::MouseButton;
 using platform::Rect;
 using platform::rgb;
 
@@ -26,84 +24,36 @@ constexpr Face kDown{rgb(160, 200, 226), rgb(196, 224, 242)};
 }  // namespace
 
 bool PushButton::Create(platform::Window& parent, const std::string& caption, const Rect& bounds) {
-    caption_ = caption;
-    return createChild(parent, "PushButton", caption, bounds, platform::TabStop::Yes);
+    return CreateButton(parent, "PushButton", caption, caption, bounds);
 }
 
-void PushButton::onPaint(platform::Canvas& canvas, const Rect&) {
-    const Rect area = Rect::fromSize({0, 0}, clientSize());
-    const bool down = held_ == Held::ByKey || (held_ == Held::ByMouse && hovered_);
-    const Face& face = down ? kDown : hovered_ ? kHover : kPlain;
+void PushButton::Paint(platform::Canvas& canvas, const Rect& area) {
+    const Face& face = Pressed() ? kDown : Hovered() ? kHover : kPlain;
     canvas.gradient(area, face.top, face.bottom, platform::Direction::Vertical);
-    const bool active = focused() || hovered_;
-    canvas.frame(area, active ? kActiveBorder : kBorder);
+    canvas.frame(area, focused() || Hovered() ? kActiveBorder : kBorder);
     canvas.text(
-        down ? area.offset(1, 1) : area, caption_, kInk, platform::Font::Normal,
+        Pressed() ? area.offset(1, 1) : area, Caption(), kInk, platform::Font::Normal,
         platform::kTextCenter | platform::kTextVCenter | platform::kTextSingleLine | platform::kTextNoPrefix);
     if (focused()) canvas.focusRect(area.inset(kFocusInset, kFocusInset));
 }
 
-void PushButton::Press() {
+void PushButton::Clicked() {
     const auto click = Click;  // lives on when the receiver destroys the button
     if (click) click();
 }
 
-void PushButton::onMouse(const platform::MouseEvent& event) {
-    const bool inside = Inside(event.at);
-    if (event.action == MouseAction::Move) {
-        SetLook(inside, held_);
-    } else if (event.button != MouseButton::Left) {
-        return;
-    } else if (event.action == MouseAction::Up) {
-        const bool pressed = held_ == Held::ByMouse;
-        SetLook(inside, Held::No);
-        releaseCapture();
-        if (pressed && inside) Press();
-    } else {
-        focus();
-        capture();
-        SetLook(true, Held::ByMouse);
-    }
-}
-
-void PushButton::onMouseLeave() {
-    if (!captured()) SetLook(false, held_);
-}
-
-void PushButton::onCaptureLost() {
-    if (held_ == Held::ByMouse) SetLook(false, Held::No);
-}
-
 void PushButton::onFocus(bool gained) {
-    if (!gained && held_ == Held::ByKey) held_ = Held::No;
-    invalidate();
+    ButtonBase::onFocus(gained);
     if (gained && GotFocus) GotFocus();
 }
 
 void PushButton::onKey(const platform::KeyEvent& event) {
-    if (event.code == platform::key::kSpace) {
-        const bool pressed = held_ == Held::ByKey;
-        if (event.down && held_ == Held::No) SetLook(hovered_, Held::ByKey);
-        if (event.down || !pressed) return;
-        SetLook(hovered_, Held::No);
-        Press();
-    } else if (event.down && event.code == platform::key::kEnter) {
-        Press();
+    if (event.code == platform::key::kSpace || event.code == platform::key::kEnter) {
+        ButtonBase::onKey(event);
     } else if (event.down && OtherKey) {
         const auto otherKey = OtherKey;
         otherKey(event);
     }
-}
-
-void PushButton::SetLook(bool hovered, Held held) {
-    if (hovered == hovered_ && held == held_) return;
-    hovered_ = hovered;
-    held_ = held;
-    invalidate();
-}
-
-bool PushButton::Inside(platform::Point at) const {
-    return Rect::fromSize({0, 0}, clientSize()).contains(at);
 }
 
 }  // namespace controls
