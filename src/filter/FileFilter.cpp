@@ -1,0 +1,61 @@
+#include "filter/FileFilter.h"
+
+#include "controls/Resources.h"
+#include "filter/FilterFile.h"
+#include "platform/Files.h"
+#include "storage/Folders.h"
+#include "storage/SafeFile.h"
+#include "text/Case.h"
+
+namespace filter {
+
+FileFilter::FileFilter(std::string baseFolder)
+    : path_(baseFolder + "FileFilter"), icons_(storage::FilterFolder(baseFolder), controls::kDefaultIcon) {}
+
+bool FileFilter::Load() {
+    names_.Clear();
+    unsaved_ = false;
+    std::string content;
+    // The filter is empty then, but the user's names are still in that file: nothing may take them away.
+    unreadable_ = storage::ReadWhole(path_, content) == storage::ReadResult::Failed;
+    for (const std::string_view name : ParseFilter(content)) names_.AddItem(name);
+    names_.Sort();
+    return !Empty();
+}
+
+AddFilterResult FileFilter::AddFilter(const std::string& path) {
+    if (!text::IsProgramFile(path)) return AddFilterResult::BadExtension;
+    if (!platform::fileExists(path)) return AddFilterResult::Missing;
+    icons_.Make(path);
+    const std::string_view fileName = text::FileNameOf(path);
+    if (Contains(fileName)) return AddFilterResult::Duplicate;
+    names_.AddItem(text::FavoriteDisplayName(fileName));
+    names_.Sort();
+    Save();
+    return AddFilterResult::Added;
+}
+
+void FileFilter::Remove(const std::vector<int>& indices) {
+    std::vector<bool> goes(static_cast<std::size_t>(Count()), false);
+    for (const int index : indices) {
+        if (index >= 0 && index < Count()) goes[static_cast<std::size_t>(index)] = true;
+    }
+    cList kept;
+    for (int index = 0; index < Count(); ++index) {
+        if (!goes[static_cast<std::size_t>(index)]) kept.AddItem(names_.List(index));
+    }
+    if (kept.ListCount() == Count()) return;
+    names_ = std::move(kept);
+    // While the file still has the names that went, their icons stay, too.
+    if (Save()) icons_.CleanUp([this](const std::string& name) { return Contains(name); });
+}
+
+bool FileFilter::Save() {
+    if (unreadable_) return false;
+    const bool saved = Empty() ? platform::deleteFile(path_) || platform::fileMissing(path_)
+                               : storage::WriteWhole(path_, FormatFilter(names_));
+    unsaved_ = !saved;
+    return saved;
+}
+
+}  // namespace filter
