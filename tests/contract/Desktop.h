@@ -16,6 +16,10 @@ platform::Color pixelAt(platform::Window& window, platform::Point at);
 
 // Moves the pointer; the events follow when the message loop runs.
 void movePointer(platform::Window& window, platform::Point at);
+// What the user sees of the pointer, wherever it is.
+platform::Pointer shownPointer();
+// Moves the pointer there and clicks; the events go where the system has them go when the message loop runs.
+void clickOnScreen(platform::Window& window, platform::Point at);
 void mouseDown(platform::Window& window, platform::Point at, platform::MouseButton button,
                platform::Modifiers modifiers = {});
 void mouseUp(platform::Window& window, platform::Point at, platform::MouseButton button);

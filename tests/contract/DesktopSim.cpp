@@ -18,6 +18,15 @@ void movePointer(Window& window, Point at) {
     sim::setPointer(window, at);
 }
 
+platform::Pointer shownPointer() {
+    return sim::pointerShape();
+}
+
+void clickOnScreen(Window& window, Point at) {
+    sim::setPointer(window, at);
+    sim::click(window, at);
+}
+
 void mouseDown(Window& window, Point at, platform::MouseButton button, platform::Modifiers modifiers) {
     sim::mouseDown(window, at, button, modifiers);
 }

@@ -90,6 +90,20 @@ void movePointer(Window& window, Point at) {
     SetCursorPos(screen.x, screen.y);
 }
 
+platform::Pointer shownPointer() {
+    const HCURSOR shown = GetCursor();
+    if (shown == LoadCursorA(nullptr, IDC_ARROW)) return platform::Pointer::Arrow;
+    if (shown == LoadCursorA(nullptr, IDC_WAIT)) return platform::Pointer::Busy;
+    if (shown == LoadCursorA(nullptr, IDC_SIZEWE)) return platform::Pointer::SizeWestEast;
+    return shown == LoadCursorA(nullptr, IDC_NO) ? platform::Pointer::NoDrop : platform::Pointer::Drop;
+}
+
+void clickOnScreen(Window& window, Point at) {
+    movePointer(window, at);
+    mouse_event(MOUSEEVENTF_LEFTDOWN, 0, 0, 0, 0);
+    mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
+}
+
 void mouseDown(Window& window, Point at, MouseButton button, platform::Modifiers modifiers) {
     SendMessageA(hwndOf(window), firstMessageOf(button), flagOf(button) | heldKeys(modifiers), packed(at));
 }

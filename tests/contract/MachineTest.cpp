@@ -2,7 +2,10 @@
 
 #include <doctest/doctest.h>
 
+#include <cstdlib>
+
 #include "contract/Machine.h"
+#include "platform/Clock.h"
 #include "platform/CodePage.h"
 #include "platform/Files.h"
 
@@ -48,6 +51,20 @@ TEST_CASE("the system's own figures") {
     CHECK(memory->total >= std::uint64_t{64} << 20);
     CHECK(memory->available > 0);
     CHECK(memory->available <= memory->total);
+}
+
+TEST_CASE("the time of day is the one that processes are stamped with") {
+    contract::freshMachine();
+    constexpr std::uint64_t kMinute = std::uint64_t{60} * 10'000'000;
+    const std::uint64_t before = platform::systemTime();
+    CHECK(contract::waitFor([&] { return platform::systemTime() > before; }));
+
+    const contract::Victim victim;
+    const auto times = platform::processTimes(platform::openProcess(victim.id(), 0x400));
+    REQUIRE(times);
+    CHECK(times->creation + kMinute > before);
+    CHECK(times->creation < platform::systemTime() + kMinute);
+    CHECK(std::abs(platform::localBiasMinutes()) < 24 * 60);
 }
 
 TEST_CASE("what the machine's part of the registry lacks is empty") {

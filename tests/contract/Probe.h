@@ -41,6 +41,9 @@ public:
     bool createDialog(Window* owner) {
         return create({WindowKind::Dialog, "", name_, owner, {150, 150, 350, 300}});
     }
+    bool createPopup(Window* owner, const Rect& bounds) {
+        return create({WindowKind::Popup, "ProbePopup", name_, owner, bounds});
+    }
 
     // Moves and leaves are noted on request: a pointer that rests on the screen speaks up whenever a window comes
     // up below it.
