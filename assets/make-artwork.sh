@@ -63,7 +63,13 @@ strip toolbar.bmp 24 "$face" tool00-apply tool01-filter tool02-options tool03-br
 strip toolbar2.bmp 16 "$face" list0-addfav list1-addfilter list2-filterdialog list3-extensions list4-tooltips \
     list5-graph list6-end
 strip msgicons.bmp 32 '#B0B0B0' msg0-info msg1-question
-strip menu.bmp 13 "$face" menu0-setnow menu1-autoset menu2-options menu3-graphs menu4-exit
+strip menu.bmp 13 "$face" menu0-setnow menu1-autoset menu2-options menu3-graphs menu4-exit list0-addfav \
+    list1-addfilter list2-filterdialog list3-extensions list4-tooltips list5-graph list6-end
+# The slices of push buttons: magenta outside, soft corners mixed with the face.
+rsvg-convert svg/button-slices.svg -o "$work/slices.png"
+convert "$work/slices.png" -background "$face" -flatten \
+    \( "$work/slices.png" -alpha extract -threshold 12% -negate -background magenta -alpha shape \) \
+    -composite -alpha off -type TrueColor -strip BMP3:buttons.bmp
 # The digits 0 to 9 in cells of 16 x 32 pixels, then "100" of 32 x 32 at x = 158: two pixels inside the cell of the
 # 9, so the last column of squares in that cell is the first one of "100".
 digits digits_large.bmp digits_large.txt
