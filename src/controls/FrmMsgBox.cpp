@@ -1,7 +1,6 @@
 #include "controls/FrmMsgBox.h"
 
-#include <algorithm>
-
+#include "controls/DialogPlace.h"
 #include "controls/MsgBoxLayout.h"
 #include "controls/PushButton.h"
 #include "controls/Resources.h"
@@ -25,26 +24,6 @@ constexpr int kIconPixels = 32;
 // Room to try the frame in: any size a frame fits around.
 constexpr Rect kTrial{0, 0, 400, 200};
 
-// `size` in the middle of `area`.
-Rect Centred(const Rect& area, Size size) {
-    return Rect::fromSize(
-        {area.left + (area.width() - size.width) / 2, area.top + (area.height() - size.height) / 2}, size);
-}
-
-// Moved so that it lies within the work area; the upper left corner wins when it is too large.
-Rect KeptInside(const Rect& box, const Rect& work) {
-    const int left = std::max(work.left, std::min(box.left, work.right - box.width()));
-    const int top = std::max(work.top, std::min(box.top, work.bottom - box.height()));
-    return Rect::fromSize({left, top}, box.size());
-}
-
-// What the box is centred over: an owner that is minimised or hidden (in the notification area) is nowhere to be
-// seen, so the screen it was on stands in for it.
-Rect OwnerArea(const platform::Window& owner) {
-    if (owner.visible() && owner.state() != platform::WindowState::Minimized) return owner.bounds();
-    return platform::nearestWorkArea(owner.normalBounds());
-}
-
 // The dialog itself. It lives as long as its box is shown.
 class FrmMsgBox : public platform::Window {
 public:
@@ -60,7 +39,7 @@ public:
         spec.iconResource = kProgramIcon;
         if (!create(spec)) return false;
         icons_ = platform::loadPictureResource(kMessageIcons);
-        Fit(text, OwnerArea(owner));
+        Fit(text, AreaOfOwner(owner));
         CreateButtons();
         setTopmost(true);  // an owner that stays on top must not cover its own question
         return true;
@@ -107,11 +86,10 @@ protected:
 private:
     void Fit(const std::string& text, const Rect& over) {
         const Rect work = platform::nearestWorkArea(over);
-        const Size client = clientSize();
-        const Size frame{kTrial.width() - client.width, kTrial.height() - client.height};
+        const Size frame = FrameOf(*this);
         layout_ = MsgBoxLayout::For(text, question_, {work.width() - frame.width, work.height() - frame.height});
         const Size whole{layout_.client.width + frame.width, layout_.client.height + frame.height};
-        setBounds(KeptInside(Centred(over, whole), work));
+        setBounds(PlacedOver(over, whole));
     }
 
     void CreateButtons() {
