@@ -63,8 +63,8 @@ strip toolbar.bmp 24 "$face" tool00-apply tool01-filter tool02-options tool03-br
 strip toolbar2.bmp 16 "$face" list0-addfav list1-addfilter list2-filterdialog list3-extensions list4-tooltips \
     list5-graph list6-end
 strip msgicons.bmp 32 '#B0B0B0' msg0-info msg1-question
-strip menu.bmp 13 "$face" menu0-setnow menu1-autoset menu2-options menu3-graphs menu4-exit list0-addfav \
-    list1-addfilter list2-filterdialog list3-extensions list4-tooltips list5-graph list6-end
+strip menu.bmp 13 "$face" menu0-setnow menu1-autoset menu2-options menu3-graphs menu4-exit menu5-addfav \
+    menu6-addfilter menu7-filterdialog menu8-extensions menu9-tooltips menu3-graphs menu11-end
 # The slices of push buttons: magenta outside, soft corners mixed with the face.
 rsvg-convert svg/button-slices.svg -o "$work/slices.png"
 convert "$work/slices.png" -background "$face" -flatten \
