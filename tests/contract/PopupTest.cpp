@@ -26,6 +26,14 @@ struct Dropped {
             return list.underPointer();
         });
     }
+    // The same goes for a click.
+    bool clickAt(Point at, const std::string& event) {
+        return waitFor([&] {
+            contract::clickOnScreen(list, at);
+            pumpMessages();
+            return has(desk.log, event);
+        });
+    }
 };
 
 }  // namespace
@@ -43,8 +51,7 @@ TEST_CASE("a dropped list shows and paints, but is never active and never has th
     CHECK(list.visible());
     CHECK(contract::pixelAt(list, {90, 70}) == rgb(255, 255, 255));
     REQUIRE(dropped.pointAt({5, 6}));
-    contract::clickOnScreen(list, {5, 6});
-    CHECK(waitFor([&] { return has(desk.log, "list up left 5,6"); }));
+    CHECK(dropped.clickAt({5, 6}, "list up left 5,6"));
     CHECK(has(desk.log, "list down left held 5,6"));
     list.focus();
     list.bringToFront();
@@ -83,9 +90,11 @@ TEST_CASE("who holds the mouse gets moves and presses over a dropped list") {
     dropped.list.notesPointer = desk.a.notesPointer = true;
     desk.a.capture();
     REQUIRE(dropped.pointAt({20, 30}));
-    CHECK(waitFor([&] { return has(desk.log, "a move 21,81"); }));
-    contract::clickOnScreen(dropped.list, {20, 30});
-    CHECK(waitFor([&] { return has(desk.log, "a up left 21,81"); }));
+    CHECK(waitFor([&] {
+        contract::movePointer(dropped.list, {20, 30});
+        return has(desk.log, "a move 21,81");
+    }));
+    CHECK(dropped.clickAt({20, 30}, "a up left 21,81"));
     CHECK(has(desk.log, "a down left held 21,81"));
     CHECK_FALSE(has(desk.log, "list move 20,30"));
     CHECK_FALSE(has(desk.log, "list down left held 20,30"));
