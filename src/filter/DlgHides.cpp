@@ -22,7 +22,7 @@ constexpr char kInfoTitle[] = "Kestrum - Info";
 // The second column, which is not shown, holds the index of the entry: sorting the list does not sort the filter.
 constexpr int kNameColumn = 0;
 constexpr int kIndexColumn = 1;
-constexpr char kListHeader[] = "File Names,0,False,0,2,False,0,243|,0,False,0,0,False,0,0";
+constexpr char kListHeader[] = "File Names,0,False,0,2,False,0,0|,0,False,0,0,False,0,0";
 
 constexpr int kMargin = 10;
 constexpr int kGap = 7;
@@ -86,6 +86,7 @@ bool DlgHides::CreateList(const Rect& bounds) {
     };
     ucFilter_.Click = [this](int) { SelectionChanged(); };
     ucFilter_.HeaderClick = [this](int) { descending_ = !ucFilter_.HeaderSortDir(); };
+    ucFilter_.ColumnResized = [this] { columnResized_ = true; };
     ucFilter_.FilesDropped = [this](const std::vector<std::string>& paths) { Add(paths); };
     ucFilter_.acceptFiles(true);
     return true;
@@ -130,6 +131,7 @@ void DlgHides::Attach(InDialog<Control>& control) {
 
 void DlgHides::onPaint(platform::Canvas& canvas, const Rect& dirty) {
     canvas.fill(dirty, platform::systemColor(platform::SysColor::ButtonFace));
+    canvas.frame(ucFilter_.bounds().inset(-1, -1), platform::systemColor(platform::SysColor::ButtonShadow));
 }
 
 // ---- keyboard ----
@@ -169,6 +171,8 @@ void DlgHides::ReLoad() {
         ucFilter_.AddItem(text::ReplaceAll(name, "\t", " ") + '\t' + text::Decimal(index));
     }
     if (descending_) ucFilter_.SortCol(kNameColumn, false);
+    // As wide as the scroll bar leaves it.
+    if (!columnResized_) ucFilter_.SetHeaderWidth(kNameColumn, ucFilter_.Layout().itemArea.width());
     ucFilter_.SetTopIndex(top);
     ucFilter_.SetLocked(false);
     lblFilterCount_.SetCaption("Filters:" + text::Decimal(parts_.filter.Count()));

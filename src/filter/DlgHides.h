@@ -98,6 +98,7 @@ private:
     Button cmdClose_;
     platform::Window* focus_ = &ucFilter_;  // the control that has the focus while the dialog is the active window
     bool descending_ = false;               // as the user sorted the list
+    bool columnResized_ = false;            // by the user
 };
 
 }  // namespace filter
