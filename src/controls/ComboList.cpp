@@ -28,6 +28,8 @@ constexpr struct {
 constexpr int kArrowHeight = 9;  // of the strips at both ends of a list that scrolls
 constexpr int kArrowRows = 4;
 
+constexpr int kBorder = 1;  // of the popup window: its text stands under that of the face
+
 // Any size a border fits around.
 constexpr Rect kTrial{0, 0, 100, 100};
 
@@ -143,8 +145,12 @@ void ComboList::PaintRow(Canvas& canvas, int row) const {
     if (selected) canvas.fill(area, systemColor(SysColor::Highlight));
     const auto swatch = SwatchColor(text);
     const Rect box = SwatchRect(faceWidth_, top, itemHeight_);
-    if (swatch) canvas.fill(box, *swatch);
-    canvas.text({kComboTextLeft, area.top, swatch ? box.left : area.right, area.bottom}, text,
+    if (swatch) {
+        canvas.frame(box.inset(-1, -1),
+                     systemColor(SysColor::ButtonShadow));  // white would be lost on most grounds
+        canvas.fill(box, *swatch);
+    }
+    canvas.text({kComboTextLeft - kBorder, area.top, swatch ? box.left : area.right, area.bottom}, text,
                 systemColor(selected ? SysColor::HighlightText : SysColor::MenuText), platform::Font::Normal,
                 platform::kTextSingleLine | platform::kTextNoPrefix | platform::kTextWordEllipsis);
 }

@@ -278,7 +278,7 @@ void FlatTinyCombo::onPaint(Canvas& canvas, const Rect& dirty) {
     PaintButton(canvas, size);
     const bool active = Enabled() && (focused() || hovered_ || Dropped());
     canvas.frame(Rect::fromSize({0, 0}, size), systemColor(active ? SysColor::Highlight : SysColor::ButtonShadow));
-    if (focused()) canvas.focusRect({2, 2, size.width - kButtonWidth - 1, size.height - 2});
+    if (focused()) canvas.focusRect({2, 1, size.width - kButtonWidth - 1, size.height - 1});
 }
 
 void FlatTinyCombo::PaintItem(Canvas& canvas, const Size& size) const {

@@ -51,10 +51,9 @@ Size XPbutn::PreferredSize() const {
 void XPbutn::Paint(Canvas& canvas, const Rect& area) {
     canvas.fill(area, systemColor(SysColor::ButtonFace));
     PaintFace(canvas, area);
-    const Size text = platform::textSize(Caption(), Font::Normal);
-    const platform::Point at{(area.width() - text.width) / 2, (area.height() - text.height) / 2};
-    canvas.text(Rect::fromSize(at, text), Caption(), Enabled() ? kInk : kDisabledInk, Font::Normal,
-                platform::kTextSingleLine | platform::kTextNoPrefix);
+    canvas.text(
+        area, Caption(), Enabled() ? kInk : kDisabledInk, Font::Normal,
+        platform::kTextCenter | platform::kTextVCenter | platform::kTextSingleLine | platform::kTextNoPrefix);
     if (focused()) canvas.focusRect(area.inset(kFocusInset, kFocusInset));
 }
 

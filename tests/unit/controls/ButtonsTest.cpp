@@ -208,8 +208,9 @@ TEST_CASE("The caption of a push button is in its middle, and its text once it i
     const std::vector<sim::Drawn> texts = one.Painted("text");
     REQUIRE(texts.size() == 1);
     CHECK(texts[0].text == "Apply & go");
-    CHECK(texts[0].area == Rect::fromSize({10, 4}, {60, 13}));
-    CHECK((texts[0].format & platform::kTextNoPrefix) != 0);
+    CHECK(texts[0].area == Rect{0, 0, 80, 21});
+    CHECK(texts[0].format ==
+          (platform::kTextCenter | platform::kTextVCenter | platform::kTextSingleLine | platform::kTextNoPrefix));
     CHECK(button.PreferredSize().height == 21);
     CHECK(button.PreferredSize().width > 60 + 2 * 5);
     button.SetEnabled(false);
@@ -296,6 +297,7 @@ TEST_CASE("A slider is moved with the mouse") {
         sim::mouseDown(slider, {205, 5});
         CHECK(one.ThumbLeft() == 200);
         sim::setPointer(slider, {206, 5});  // 100.5: rounded up
+        CHECK(slider.Value() == 101);
         sim::setPointer(slider, {207, 5});  // the same value
         CHECK(one.ThumbLeft() == 202);
         sim::setPointer(slider, {9000, -50});
