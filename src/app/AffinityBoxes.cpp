@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "app/Tips.h"
 #include "text/Numbers.h"
 
 namespace app {
@@ -46,6 +47,19 @@ void AffinityBoxes::Show(std::string_view affinityText) {
     for (int i = 0; i < count_; ++i) {
         const bool named = affinityText.find(static_cast<char>('0' + i)) != std::string_view::npos;
         boxes_[static_cast<std::size_t>(i)].SetValue(named);
+    }
+}
+
+void AffinityBoxes::Invert() {
+    for (int i = 0; i < count_; ++i) {
+        controls::CheckBox& box = boxes_[static_cast<std::size_t>(i)];
+        box.SetValue(!box.Value());
+    }
+}
+
+void AffinityBoxes::Explain(controls::BalloonTips& tips, const std::string& title, const std::string& text) {
+    for (int i = 0; i < count_; ++i) {
+        ExplainControl(boxes_[static_cast<std::size_t>(i)], tips, title, text);
     }
 }
 

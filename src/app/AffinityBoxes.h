@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "controls/BalloonTips.h"
 #include "controls/CheckBox.h"
 #include "platform/Window.h"
 
@@ -24,6 +25,10 @@ public:
     std::string Text() const;
     // Ticks box n when the digit n occurs in the text.
     void Show(std::string_view affinityText);
+    // Ticks the boxes that are not ticked, and only those.
+    void Invert();
+    // Explains each box.
+    void Explain(controls::BalloonTips& tips, const std::string& title, const std::string& text);
 
 private:
     static constexpr int kMost = 8;

@@ -10,11 +10,6 @@ namespace app {
 
 using settings::Key;
 
-namespace {
-constexpr const char* kInfoTitle = "Kestrum - Info";
-constexpr const char* kBalloonTitle = "Kestrum 2";
-}  // namespace
-
 bool FavoriteCommands::SetFavs() {
     favorites::ApplyResult result;
     {
@@ -30,7 +25,7 @@ bool FavoriteCommands::SetFavs() {
         parts_.enforce.Reset();
     }
     if (result.Failed()) {
-        parts_.trayIcon.TrayBalloon(favorites::ApplySummary(result), kBalloonTitle, platform::BalloonIcon::Warning);
+        parts_.trayIcon.TrayBalloon(favorites::ApplySummary(result), kProgramTitle, platform::BalloonIcon::Warning);
     }
     return result.changed;
 }
@@ -87,33 +82,21 @@ void FavoriteCommands::AddFav(const std::string& path) {
     // It may be running already: with Auto Set on the next tick sets it.
     if (result == favorites::AddFavResult::Added) parts_.refresh.ForceRebuild();
     if (result == favorites::AddFavResult::BadExtension) {
-        Tell(favorites::kBadExtensionText);
+        parts_.messages.Tell(favorites::kBadExtensionText);
     } else if (result == favorites::AddFavResult::Duplicate) {
-        Tell(favorites::DuplicateText(path));
+        parts_.messages.Tell(favorites::DuplicateText(path));
     }
 }
 
 void FavoriteCommands::RemoveFavorites() {
     if (!parts_.favorites.AnySelected()) {
-        Tell("Please select one or more favorites to remove!");
+        parts_.messages.Tell("Please select one or more favorites to remove!");
         return;
     }
-    if (!Ask("Remove selected items from favorites?")) return;
+    if (!parts_.messages.Ask("Remove selected items from favorites?")) return;
     const PausedSlot pause(parts_.slots, Slot::Process, kRefreshMilliseconds);
     parts_.favorites.RemoveSelected();
     parts_.refresh.UpdateStatusLine();
-}
-
-void FavoriteCommands::Tell(const std::string& text) {
-    const BusyGuard guard(parts_.busy);
-    parts_.msgBoxes.Show(text, controls::MsgStyle::Information, kInfoTitle, parts_.window,
-                         parts_.options.messageBeep);
-}
-
-bool FavoriteCommands::Ask(const std::string& question) {
-    const BusyGuard guard(parts_.busy);
-    return parts_.msgBoxes.Show(question, controls::MsgStyle::Question, kInfoTitle, parts_.window,
-                                parts_.options.messageBeep) == controls::kMsgYes;
 }
 
 }  // namespace app

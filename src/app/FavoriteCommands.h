@@ -5,14 +5,13 @@
 #include <vector>
 
 #include "app/AffinityBoxes.h"
+#include "app/Messages.h"
 #include "app/RefreshCycle.h"
 #include "app/TimerSlots.h"
-#include "controls/FrmMsgBox.h"
 #include "controls/ToolBar.h"
 #include "favorites/EnforceState.h"
 #include "favorites/FavoritesList.h"
 #include "process/ProcessAccess.h"
-#include "settings/DisplayOptions.h"
 #include "settings/Settings.h"
 #include "tray/TrayIcon.h"
 
@@ -24,7 +23,7 @@ public:
     struct Parts {
         platform::Window& window;
         controls::ToolBar& toolBar;
-        controls::MsgBoxes& msgBoxes;
+        Messages& messages;
         AffinityBoxes& affinityBoxes;
         RefreshCycle& refresh;
         TimerSlots& slots;
@@ -33,7 +32,6 @@ public:
         favorites::EnforceState& enforce;
         process::ProcessAccess& access;
         settings::Settings& settings;
-        const settings::DisplayOptions& options;
         tray::TrayIcon& trayIcon;
     };
     explicit FavoriteCommands(const Parts& parts) : parts_(parts) {}
@@ -54,12 +52,8 @@ public:
     void AddDropped(const std::vector<std::string>& paths);
     void RemoveFavorites();
 
-    // A note with an OK button; the refresh waits for it.
-    void Tell(const std::string& text);
-
 private:
     void AddFav(const std::string& path);
-    bool Ask(const std::string& question);
 
     Parts parts_;
 };

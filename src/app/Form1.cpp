@@ -1,6 +1,5 @@
 #include "app/Form1.h"
 
-#include "controls/Resources.h"
 #include "favorites/Profiles.h"
 #include "platform/Files.h"
 #include "platform/Shell.h"
@@ -12,19 +11,31 @@ using platform::Rect;
 using platform::WindowState;
 
 namespace {
-constexpr int kAffinityColumn = 1;
+
+// As wide as the area, `height` high, in its middle.
+Rect CentredIn(const Rect& area, int height) {
+    const int top = area.top + (area.height() - height) / 2;
+    return {area.left, top, area.right, top + height};
 }
+
+}  // namespace
 
 Form1::Form1()
     : access_(errors_),
       baseFolder_(favorites::BaseFolder()),
-      refresh_(*this, processList_, slots_, busy_, access_, enforce_, controls::kDefaultIcon),
+      messages_(*this, busy_, msgBoxes_, options_),
+      filter_(baseFolder_),
+      refresh_({*this, processList_, slots_, busy_, access_, enforce_, filter_, options_}),
       favorites_(favoritesControl_, baseFolder_,
                  [this](const std::string& text, const std::string& title, platform::BalloonIcon icon) {
                      trayIcon_.TrayBalloon(text, title, icon);
                  }),
-      commands_({*this, toolBar1_, msgBoxes_, affinityBoxes_, refresh_, slots_, busy_, favorites_, enforce_,
-                 access_, settings_, options_, trayIcon_}),
+      commands_({*this, toolBar1_, messages_, affinityBoxes_, refresh_, slots_, busy_, favorites_, enforce_,
+                 access_, settings_, trayIcon_}),
+      filterCommands_(
+          {*this, toolBar1_, msgBoxes_, tips_, messages_, refresh_, slots_, busy_, favorites_, filter_, options_}),
+      processCommands_({*this, processList_, toolBar1_, toolBar2_, affinityBoxes_, cmboPriority_, messages_,
+                        refresh_, slots_, commands_, filterCommands_, favorites_, access_, settings_, options_}),
       trayCommands_({*this, trayIcon_, slots_, busy_, toolBar1_, commands_, gauges_}) {}
 
 // The window goes before the parts that its handlers would reach.
@@ -75,6 +86,9 @@ void Form1::LayOut() {
     toolBar1_.setBounds(layout.toolBar1);
     toolBar2_.setBounds(layout.toolBar2);
     affinityBoxes_.Place(layout.affinity);
+    cmboPriority_.setBounds(CentredIn(layout.priority, cmboPriority_.PreferredSize().height));
+    cmdInvert_.setBounds(CentredIn(layout.invert, cmdInvert_.PreferredSize().height));
+    cmdRefresh_.setBounds(CentredIn(layout.refresh, cmdRefresh_.PreferredSize().height));
     processList_.setBounds(layout.processList);
     splitter_.setBounds(layout.splitter);
     favoritesControl_.setBounds(layout.favoritesList);
@@ -106,7 +120,7 @@ void Form1::CaptureColumns(bool maximized) {
 }
 
 void Form1::SelectionReplaced() {
-    if (processList_.ListCount() > 0) affinityBoxes_.Show(processList_.CellText(0, kAffinityColumn));
+    if (processList_.ListCount() > 0) processCommands_.ShowSettingsOf(0);
 }
 
 void Form1::UpdateStatusLine() {
@@ -119,6 +133,12 @@ void Form1::UpdateStatusLine() {
 
 void Form1::ToolBar1Clicked(int index) {
     switch (index) {
+        case button::kApplyChanges:
+            processCommands_.ApplyChanges();
+            break;
+        case button::kFileFilter:
+            filterCommands_.Toggled();
+            break;
         case button::kBrowseForFavorite:
             commands_.BrowseForFavorite();
             break;
@@ -154,8 +174,13 @@ void Form1::ViewHelp() {
     if (platform::fileExists(path)) {
         platform::openDocument(*this, path);
     } else {
-        commands_.Tell("Help file (Help.htm) is missing.");
+        messages_.Tell("Help file (Help.htm) is missing.");
     }
+}
+
+// Rows of the process list can be dropped on the favourites.
+platform::Pointer Form1::DragOver() const {
+    return favoritesControl_.underPointer() ? platform::Pointer::Drop : platform::Pointer::NoDrop;
 }
 
 void Form1::onTaskbarCreated() {

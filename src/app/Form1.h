@@ -5,10 +5,13 @@
 
 #include "app/AffinityBoxes.h"
 #include "app/FavoriteCommands.h"
+#include "app/FilterCommands.h"
 #include "app/Gauges.h"
 #include "app/LayoutMemory.h"
 #include "app/MainLayout.h"
 #include "app/MainToolBars.h"
+#include "app/Messages.h"
+#include "app/ProcessCommands.h"
 #include "app/RefreshCycle.h"
 #include "app/SingleInstance.h"
 #include "app/Splitter.h"
@@ -16,11 +19,14 @@
 #include "app/TimerSlots.h"
 #include "app/TrayCommands.h"
 #include "controls/BalloonTips.h"
+#include "controls/FlatTinyCombo.h"
 #include "controls/FrmMsgBox.h"
 #include "controls/ToolBar.h"
 #include "controls/UcList1.h"
+#include "controls/XPbutn.h"
 #include "favorites/EnforceState.h"
 #include "favorites/FavoritesList.h"
+#include "filter/FileFilter.h"
 #include "platform/Window.h"
 #include "process/ErrorCounters.h"
 #include "process/ProcessAccess.h"
@@ -49,6 +55,8 @@ public:
     controls::UcList1& ProcessList() { return processList_; }
     controls::UcList1& FavoritesListControl() { return favoritesControl_; }
     controls::ToolBar& ToolBar1() { return toolBar1_; }
+    controls::ToolBar& ToolBar2() { return toolBar2_; }
+    controls::FlatTinyCombo& Priority() { return cmboPriority_; }
     const StatusStrip& Status() const { return status_; }
     AffinityBoxes& CpuAffinity() { return affinityBoxes_; }
     TrayCommands& Tray() { return trayCommands_; }
@@ -67,6 +75,7 @@ private:
     // RefreshHost
     bool Minimized() const override { return state() == platform::WindowState::Minimized; }
     bool AutoSetPressed() const override { return toolBar1_.IsChecked(button::kAutoSet); }
+    bool FilterPressed() const override { return filterCommands_.Pressed(); }
     bool SetFavs() override { return commands_.SetFavs(); }
     void SelectionReplaced() override;
     void UpdateStatusLine() override;
@@ -75,10 +84,14 @@ private:
     bool CreateFrame();
     bool CreateParts();
     bool CreateToolBars();
+    bool CreateChoosers();
     bool CreateLists();
     void WireEvents();
+    void WireProcessCommands();
     void WireLists();
     void WireTips();
+    process::TipText TipOfProcess(int row);
+    process::TipText TipOfFavorite(int row);
     void LoadFavorites();
     void LoadOptions();
     void RestorePlacement();
@@ -100,6 +113,7 @@ private:
     void ToolBar1Clicked(int index);
     void FavoritesKey(std::uint16_t code);
     void ViewHelp();
+    platform::Pointer DragOver() const;
     void ApplyColumns(bool maximized);
     void CaptureColumns(bool maximized);
     void FrmMax() { UseLayout(true); }
@@ -119,10 +133,14 @@ private:
     BusyFlag busy_;
     controls::MsgBoxes msgBoxes_;
     controls::BalloonTips tips_;
+    Messages messages_;
 
     controls::ToolBar toolBar1_;
     controls::ToolBar toolBar2_;
     AffinityBoxes affinityBoxes_;
+    controls::FlatTinyCombo cmboPriority_;
+    controls::XPbutn cmdInvert_;
+    controls::XPbutn cmdRefresh_;
     controls::UcList1 processList_;
     Splitter splitter_;
     controls::UcList1 favoritesControl_;
@@ -130,9 +148,12 @@ private:
     Gauges gauges_;
 
     tray::TrayIcon trayIcon_;
+    filter::FileFilter filter_;
     RefreshCycle refresh_;
     favorites::FavoritesList favorites_;
     FavoriteCommands commands_;
+    FilterCommands filterCommands_;
+    ProcessCommands processCommands_;
     TrayCommands trayCommands_;
 
     MainParts parts_;

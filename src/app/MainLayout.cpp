@@ -16,18 +16,47 @@ constexpr int kLeastListHeight = 110;
 constexpr int kFrameWidth = 16;
 constexpr int kFrameHeight = 40;
 
-int StripHeight(const MainParts& parts) {
-    return parts.toolBar2Height + 2 * kStripPadding;
-}
+// The strip above the lists: its parts stand side by side, and in further lines where one is not wide enough.
+class Strip {
+public:
+    Strip(int width, const MainParts& parts)
+        : width_(width), height_(parts.toolBar2Height), top_(parts.toolBar1Height) {
+        out.toolBar2 = Next(parts.toolBar2Width);
+        out.affinity = Next(parts.affinityWidth);
+        out.priority = Next(parts.priorityWidth);
+        out.invert = Next(parts.invertWidth);
+        out.refresh = Next(parts.refreshWidth);
+    }
+    int Bottom() const { return top_ + kStripPadding + height_ + kStripPadding; }
+
+    MainLayout out;
+
+private:
+    Rect Next(int width) {
+        if (x_ > kMargin && x_ + width > width_ - kMargin) {
+            x_ = kMargin;
+            top_ += height_ + kStripPadding;
+        }
+        const Rect place = Rect::fromSize({x_, top_ + kStripPadding}, {width, height_});
+        x_ += width + kGap;
+        return place;
+    }
+
+    int width_;
+    int height_;
+    int top_;
+    int x_ = kMargin;
+};
 
 }  // namespace
 
 platform::Size SmallestMainWindow(const MainParts& parts) {
-    const int strip = kMargin + parts.toolBar2Width + kGap + parts.affinityWidth + kMargin;
-    const int lists = 2 * kLeastListWidth + kSplitterWidth + 2 * kMargin;
-    const int bottom = parts.statusWidth + 2 * parts.gaugeWidth + kGap + kMargin;
-    return {std::max({parts.toolBar1Width, strip, lists, bottom}) + kFrameWidth,
-            parts.toolBar1Height + StripHeight(parts) + kLeastListHeight + kStatusHeight + kFrameHeight};
+    const int widest = std::max(
+        {parts.toolBar2Width, parts.affinityWidth, parts.priorityWidth, parts.invertWidth, parts.refreshWidth});
+    const int lists = 2 * kLeastListWidth + kSplitterWidth;
+    const int bottom = parts.statusWidth + 2 * parts.gaugeWidth + kGap;
+    const int width = std::max({parts.toolBar1Width, widest + 2 * kMargin, lists + 2 * kMargin, bottom + kMargin});
+    return {width + kFrameWidth, Strip(width, parts).Bottom() + kLeastListHeight + kStatusHeight + kFrameHeight};
 }
 
 int EffectiveSplitter(int clientWidth, int wanted) {
@@ -36,17 +65,12 @@ int EffectiveSplitter(int clientWidth, int wanted) {
 }
 
 MainLayout LayOutMain(platform::Size client, int splitter, const MainParts& parts) {
-    MainLayout out;
+    const Strip strip(client.width, parts);
+    MainLayout out = strip.out;
     out.toolBar1 = {0, 0, client.width, parts.toolBar1Height};
 
-    const int stripTop = parts.toolBar1Height + kStripPadding;
-    const int stripBottom = stripTop + parts.toolBar2Height;
-    out.toolBar2 = {kMargin, stripTop, kMargin + parts.toolBar2Width, stripBottom};
-    out.affinity = {out.toolBar2.right + kGap, stripTop, out.toolBar2.right + kGap + parts.affinityWidth,
-                    stripBottom};
-
     // One pixel around each list is left for its frame.
-    const int listTop = stripBottom + kStripPadding + 1;
+    const int listTop = strip.Bottom() + 1;
     const int statusTop = std::max(listTop, client.height - kStatusHeight);
     const int listBottom = std::max(listTop, statusTop - 1);
     const int right = EffectiveSplitter(client.width, splitter);

@@ -12,14 +12,20 @@ struct MainParts {
     int toolBar2Width = 160;
     int toolBar2Height = 24;
     int affinityWidth = 0;  // all "CPU n" boxes together
-    int statusWidth = 0;    // the status strip with its longest usual text
-    int gaugeWidth = 0;     // one gauge
+    int priorityWidth = 0;  // the priority chooser
+    int invertWidth = 0;    // the buttons behind it
+    int refreshWidth = 0;
+    int statusWidth = 0;  // the status strip with its longest usual text
+    int gaugeWidth = 0;   // one gauge
 };
 
 struct MainLayout {
     platform::Rect toolBar1;
     platform::Rect toolBar2;
     platform::Rect affinity;
+    platform::Rect priority;
+    platform::Rect invert;
+    platform::Rect refresh;
     platform::Rect processList;
     platform::Rect splitter;
     platform::Rect favoritesList;

@@ -18,6 +18,11 @@ inline constexpr int kApplyChanges = 0, kFileFilter = 1, kSetOptions = 2, kBrows
                      kKestrumJr = 9, kViewHelp = 10, kAlwaysOnTop = 11;
 }
 
+// Button numbers of ToolBar2.
+namespace button2 {
+inline constexpr int kFileExtensions = 3, kFileTips = 4, kGraph = 5;
+}
+
 inline constexpr std::array<ToolTip, 12> kToolBar1Tips = {{
     {"Apply Changes", "Apply changes to selected files\r\nAuto Set will over-ride if file is a favorite!"},
     {"File Filter", "Hide/Show filtered file names."},

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
+#include "controls/Resources.h"
 #include "process/Affinity.h"
 #include "process/PriorityClass.h"
 #include "text/Case.h"
@@ -12,9 +13,9 @@ namespace app {
 
 namespace {
 
-constexpr int kFileColumn = 0;
 constexpr int kPidColumn = 3;
 constexpr int kIconColumn = 6;
+constexpr int kIconSize = 16;  // pixels
 
 // The list stays as it is on the screen while it is refilled: locked, and scrolled back to where it stood.
 class FrozenList {
@@ -43,16 +44,17 @@ Number ParseNumber(const std::string& text) {
 
 }  // namespace
 
-RefreshCycle::RefreshCycle(RefreshHost& host, controls::UcList1& list, TimerSlots& slots, BusyFlag& busy,
-                           process::ProcessAccess& access, favorites::EnforceState& enforce,
-                           int defaultIconResource)
-    : host_(host),
-      list_(list),
-      slots_(slots),
-      busy_(busy),
-      access_(access),
-      enforce_(enforce),
-      icons_(defaultIconResource) {}
+RefreshCycle::RefreshCycle(const Parts& parts)
+    : host_(parts.host),
+      list_(parts.list),
+      slots_(parts.slots),
+      busy_(parts.busy),
+      access_(parts.access),
+      enforce_(parts.enforce),
+      filter_(parts.filter),
+      options_(parts.options),
+      icons_(controls::kDefaultIcon),
+      filterIcon_(platform::loadIconResource(controls::kFilterIcon, kIconSize)) {}
 
 void RefreshCycle::ProcTimer() {
     if (busy_.Raised()) return;
@@ -61,13 +63,18 @@ void RefreshCycle::ProcTimer() {
 
     watch_.Observe(snapshot_);
     if (!watch_.Settling()) {
-        if (!host_.Minimized()) FastUpdate();
+        if (!ListRests()) FastUpdate();
     } else {
         const bool rebuilt = host_.AutoSetPressed() && host_.SetFavs();
-        if (!rebuilt && !host_.Minimized()) FullRebuild();
-        watch_.TickDone();
+        if (!rebuilt && !ListRests()) FullRebuild();
+        if (!list_.Dragging()) watch_.TickDone();  // else the list is still to be rebuilt
     }
     if (host_.AutoSetPressed() && enforce_.TickDue()) host_.SetFavs();
+}
+
+// Nobody sees the list, or its rows must stay what they are until the user has dropped them.
+bool RefreshCycle::ListRests() const {
+    return host_.Minimized() || list_.Dragging();
 }
 
 void RefreshCycle::FullRebuild() {
@@ -103,20 +110,25 @@ void RefreshCycle::FastUpdate() {
 
 void RefreshCycle::AppendProcesses() {
     rows_.Clear();
+    const bool hideFiltered = host_.FilterPressed();
     for (int slot = process::kFirstListedSlot; slot <= snapshot_.Count(); ++slot) {
         if (rows_.Full()) break;
         const platform::ProcessId id = snapshot_.Id(slot);
         if (id < 1) continue;
         const std::string path = access_.ImagePath(id);
         if (path.empty()) continue;
+        const std::string_view fileName = text::FileNameOf(path);
+        const bool filtered = filter_.Contains(fileName);
+        if (filtered && hideFiltered) continue;
         const int row = rows_.Count();
-        rows_.Add({RowText(path, id), id, icons_.IconOf(path)});
+        rows_.Add({RowText(fileName, id), id, filtered ? filterIcon_.raw() : icons_.IconOf(path)});
         AddRow(row);
     }
 }
 
-std::string RefreshCycle::RowText(const std::string& path, platform::ProcessId id) const {
-    std::string text = text::ProcessDisplayName(text::FileNameOf(path));
+std::string RefreshCycle::RowText(std::string_view fileName, platform::ProcessId id) const {
+    std::string text = text::ProcessDisplayName(fileName);
+    if (!options_.showExtensions) text.resize(std::min(text.size(), text.rfind('.')));
     text += '\t';
     text += process::AffinityText(access_.GetAffinity(id), access_.HighestCpu());
     text += '\t';
@@ -150,8 +162,7 @@ process::clsProcessCpuUsage& RefreshCycle::Meter(int row) {
 void RefreshCycle::SaveSelection() {
     selected_.clear();
     for (int row = 0; row < list_.ListCount(); ++row) {
-        if (list_.Selected(row))
-            selected_.push_back(ParseNumber<platform::ProcessId>(list_.CellText(row, kPidColumn)));
+        if (list_.Selected(row)) selected_.push_back(ProcessOfRow(row));
     }
     std::sort(selected_.begin(), selected_.end());
 }
@@ -160,7 +171,7 @@ bool RefreshCycle::RestoreSelection() {
     if (selected_.empty()) return false;
     bool any = false;
     for (int row = 0; row < list_.ListCount(); ++row) {
-        const auto id = ParseNumber<platform::ProcessId>(list_.CellText(row, kPidColumn));
+        const platform::ProcessId id = ProcessOfRow(row);
         if (!std::binary_search(selected_.begin(), selected_.end(), id)) continue;
         list_.SelectItem(row, true);
         any = true;
@@ -181,13 +192,17 @@ std::uintptr_t RefreshCycle::IconOfRow(int displayRow) const {
     return ParseNumber<std::uintptr_t>(list_.CellText(displayRow, kIconColumn));
 }
 
-process::TipText RefreshCycle::TipOfRow(int displayRow) const {
-    const auto id = ParseNumber<platform::ProcessId>(list_.CellText(displayRow, kPidColumn));
-    return {std::string(list_.CellText(displayRow, kFileColumn)), access_.ImagePath(id)};
+platform::ProcessId RefreshCycle::ProcessOfRow(int displayRow) const {
+    return ParseNumber<platform::ProcessId>(list_.CellText(displayRow, kPidColumn));
 }
 
 void RefreshCycle::ReleaseMeters() {
     for (auto& meter : meters_) meter.reset();
+}
+
+void RefreshCycle::ReleaseIcons() {
+    icons_.Clear();
+    filterIcon_.reset();
 }
 
 }  // namespace app

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "app/ProcessIcons.h"
@@ -12,11 +13,12 @@
 #include "controls/UcList1.h"
 #include "favorites/EnforceState.h"
 #include "favorites/ProcessSetWatch.h"
+#include "filter/FileFilter.h"
 #include "process/ProcRec.h"
 #include "process/ProcessAccess.h"
 #include "process/ProcessSnapshot.h"
-#include "process/SystemInfo.h"
 #include "process/clsProcessCpuUsage.h"
+#include "settings/DisplayOptions.h"
 
 namespace app {
 
@@ -47,6 +49,8 @@ class RefreshHost {
 public:
     virtual bool Minimized() const = 0;
     virtual bool AutoSetPressed() const = 0;
+    // Filtered file names are hidden now (and marked otherwise).
+    virtual bool FilterPressed() const = 0;
     // Applies the favourites; true when something was changed (the list has then been rebuilt).
     virtual bool SetFavs() = 0;
     // None of the previously selected processes is there any more and row 0 was selected instead.
@@ -61,8 +65,18 @@ protected:
 // the list's last column (hidden) holds the row's icon handle in decimal.
 class RefreshCycle {
 public:
-    RefreshCycle(RefreshHost& host, controls::UcList1& list, TimerSlots& slots, BusyFlag& busy,
-                 process::ProcessAccess& access, favorites::EnforceState& enforce, int defaultIconResource);
+    // What the cycle works with; all outlive it.
+    struct Parts {
+        RefreshHost& host;
+        controls::UcList1& list;
+        TimerSlots& slots;
+        BusyFlag& busy;
+        process::ProcessAccess& access;
+        favorites::EnforceState& enforce;
+        const filter::FileFilter& filter;
+        const settings::DisplayOptions& options;
+    };
+    explicit RefreshCycle(const Parts& parts);
 
     // One tick.
     void ProcTimer();
@@ -77,17 +91,18 @@ public:
     void SetSort(int column, bool ascending);
     // The icon handle of a displayed row, for the list to draw.
     std::uintptr_t IconOfRow(int displayRow) const;
-    // The name and the image path of a displayed row's process; no text when it has ended.
-    process::TipText TipOfRow(int displayRow) const;
+    // The process of a displayed row.
+    platform::ProcessId ProcessOfRow(int displayRow) const;
     // At the end of the program; nothing may be refreshed afterwards.
     void ReleaseMeters();
-    void ReleaseIcons() { icons_.Clear(); }
+    void ReleaseIcons();
 
 private:
     void FastUpdate();
     void AddRow(int row);
     void AppendProcesses();
-    std::string RowText(const std::string& path, platform::ProcessId id) const;
+    bool ListRests() const;
+    std::string RowText(std::string_view fileName, platform::ProcessId id) const;
     void SaveSelection();
     bool RestoreSelection();
     void Sort();
@@ -99,7 +114,10 @@ private:
     BusyFlag& busy_;
     process::ProcessAccess& access_;
     favorites::EnforceState& enforce_;
+    const filter::FileFilter& filter_;
+    const settings::DisplayOptions& options_;
     ProcessIcons icons_;
+    platform::IconHandle filterIcon_;
 
     process::ProcessSnapshot snapshot_;
     favorites::ProcessSetWatch watch_;

@@ -34,6 +34,7 @@ void Form1::Restart() {
 
 void Form1::SaveSettings() {
     favorites_.SavePending();
+    filter_.SavePending();
     CaptureColumns(maximized_);
     settings_.WriteNumber(Key::FavColSort, favorites_.SortColumn());
     settings_.WriteBool(Key::FavSortDir, favorites_.SortAscending());

@@ -3,7 +3,9 @@
 #include "app/Tips.h"
 #include "controls/Resources.h"
 #include "favorites/Profiles.h"
+#include "platform/Menu.h"
 #include "process/PriorityClass.h"
+#include "process/ProcessDetails.h"
 #include "settings/WindowPosition.h"
 
 namespace app {
@@ -21,6 +23,7 @@ constexpr const char* kProcessHeader =
     "PID,2,False,0,2,False,0,40|CPU %,2,False,0,2,False,0,60|Mem(KB),1,False,0,2,False,0,70|"
     ",2,False,0,2,False,16777215,0";
 constexpr int kProcessColumns = 7;
+constexpr int kRightButton = 2;  // code of a click in a list
 
 // The last column is the filler, which is never shown.
 controls::UcListProperties ListProperties(const char* header, int columns, int shown) {
@@ -53,6 +56,7 @@ Form1::StartResult Form1::Start() {
     WireEvents();
 
     favorites::CreateFolders(baseFolder_);
+    filterCommands_.Load();
     favorites_.SetFavName(favorites::ProfileNameFromIndex(settings_.Number(Key::FavName)));
     trayIcon_.Add_Tray();
     LoadFavorites();
@@ -84,8 +88,8 @@ bool Form1::CreateFrame() {
 bool Form1::CreateParts() {
     parts_.gaugeWidth = Gauges::Width();
     parts_.statusWidth = StatusStrip::UsualWidth();
-    return CreateToolBars() && affinityBoxes_.Create(*this, access_.HighestCpu()) && CreateLists() &&
-           status_.Create(*this, "Status", {0, 0, 1, 1}) && gauges_.Create(*this, tips_);
+    return CreateToolBars() && CreateChoosers() && CreateLists() && status_.Create(*this, "Status", {0, 0, 1, 1}) &&
+           gauges_.Create(*this, tips_);
 }
 
 bool Form1::CreateToolBars() {
@@ -93,7 +97,7 @@ bool Form1::CreateToolBars() {
         return false;
     }
     toolBar1_.SetImages(platform::loadPictureResource(controls::kToolBarPictures), kToolBar1Tips.size());
-    for (const int index : {button::kAutoSet, button::kEnforce, button::kAlwaysOnTop}) {
+    for (const int index : {button::kFileFilter, button::kAutoSet, button::kEnforce, button::kAlwaysOnTop}) {
         toolBar1_.SetCurrentImage(index);
         toolBar1_.SetCheckBox(true);
     }
@@ -103,22 +107,40 @@ bool Form1::CreateToolBars() {
         toolBar1_.SetSeperator(true);
     }
     // What this build cannot do yet.
-    for (const int index : {button::kApplyChanges, button::kFileFilter, button::kSetOptions,
-                            button::kFavoriteProfiles, button::kKestrumJr}) {
+    for (const int index : {button::kSetOptions, button::kFavoriteProfiles, button::kKestrumJr}) {
         toolBar1_.SetUnavailable(index, true);
     }
 
     toolBar2_.SetSize24(false);
     toolBar2_.SetImages(platform::loadPictureResource(controls::kToolBar2Pictures), kToolBar2Tips.size());
-    for (int index = 0; index < toolBar2_.ImageCount(); ++index) toolBar2_.SetUnavailable(index, true);
-
-    // Nothing on it can be used yet, so the keyboard need not stop there.
-    toolBar2_.enable(false);
+    for (const int index : {button2::kFileExtensions, button2::kFileTips}) {
+        toolBar2_.SetCurrentImage(index);
+        toolBar2_.SetCheckBox(true);
+    }
+    toolBar2_.SetUnavailable(button2::kGraph, true);
 
     parts_.toolBar1Width = toolBar1_.PreferredWidth();
     parts_.toolBar1Height = toolBar1_.PreferredHeight();
     parts_.toolBar2Width = toolBar2_.PreferredWidth();
     parts_.toolBar2Height = toolBar2_.PreferredHeight();
+    return true;
+}
+
+// What is to be applied to the selected processes.
+bool Form1::CreateChoosers() {
+    const Rect later{0, 0, 1, 1};
+    if (!affinityBoxes_.Create(*this, access_.HighestCpu()) ||
+        !cmboPriority_.Create(*this, "CmboPriority", later) || !cmdInvert_.Create(*this, "CmdInvert", later) ||
+        !cmdRefresh_.Create(*this, "CmdRefresh", later)) {
+        return false;
+    }
+    processCommands_.FillPriorities();
+    cmdInvert_.SetCaption("Invert Affinity");
+    cmdRefresh_.SetCaption("File List Refresh");
+    parts_.affinityWidth = affinityBoxes_.Width();
+    parts_.priorityWidth = cmboPriority_.PreferredSize().width;
+    parts_.invertWidth = cmdInvert_.PreferredSize().width;
+    parts_.refreshWidth = cmdRefresh_.PreferredSize().width;
     return true;
 }
 
@@ -132,7 +154,6 @@ bool Form1::CreateLists() {
     favoritesControl_.ReadProperties(ListProperties(favorites::kFavoritesHeader, favorites::kFavoritesColumnCount,
                                                     favorites::kFavoritesColumnMaxSeen));
     favoritesControl_.acceptFiles(true);
-    parts_.affinityWidth = affinityBoxes_.Width();
     return true;
 }
 
@@ -146,8 +167,23 @@ void Form1::WireEvents() {
     trayCommands_.Exit = [this] { Exit(); };
     toolBar1_.Click = [this](int index) { ToolBar1Clicked(index); };
     splitter_.Moved = [this](int left) { MoveSplitter(left); };
+    WireProcessCommands();
     WireLists();
     WireTips();
+}
+
+void Form1::WireProcessCommands() {
+    toolBar2_.Click = [this](int index) { processCommands_.ToolBar2Clicked(index); };
+    cmdInvert_.Click = [this] { processCommands_.InvertAffinity(); };
+    cmdRefresh_.Click = [this] { processCommands_.FileListRefresh(); };
+    processList_.Click = [this](int button) {
+        if (button == kRightButton) processCommands_.ShowMenu(platform::pointerPosition());
+    };
+    processList_.KeyClick = [this](std::uint16_t code) { processCommands_.Key(code); };
+    processList_.DragOver = [this](platform::Point) { return DragOver(); };
+    processList_.DragReleased = [this](platform::Point) {
+        if (favoritesControl_.underPointer()) processCommands_.Run(command::kAddToFavorites);
+    };
 }
 
 void Form1::WireLists() {
@@ -165,16 +201,25 @@ void Form1::WireLists() {
 void Form1::WireTips() {
     ExplainButtons(toolBar1_, kToolBar1Tips, tips_);
     ExplainButtons(toolBar2_, kToolBar2Tips, tips_);
+    affinityBoxes_.Explain(tips_, "CPU Affinity", "Select CPU Affinity to apply");
+    ExplainControl(cmboPriority_, tips_, "Priority", "Select Priority to apply");
+    ExplainControl(cmdInvert_, tips_, "Invert Affinity", "Invert CPU affinity selection.");
+    ExplainControl(cmdRefresh_, tips_, "File List Refresh", "Manually update the file listing.");
     ExplainRows(
-        processList_, [this](int row) { return refresh_.TipOfRow(row); }, tips_);
+        processList_, [this](int row) { return TipOfProcess(row); }, tips_);
     ExplainRows(
-        favoritesControl_,
-        [this](int row) {
-            const favorites::Favorite favorite = favorites_.Row(row);
-            const std::string parameter = favorite.param.empty() ? "" : "\r\n" + favorite.param;
-            return process::TipText{favorite.name, favorite.path + parameter};
-        },
-        tips_);
+        favoritesControl_, [this](int row) { return TipOfFavorite(row); }, tips_);
+}
+
+process::TipText Form1::TipOfProcess(int row) {
+    if (!options_.showFileTips) return {};
+    const platform::ProcessId id = refresh_.ProcessOfRow(row);
+    return process::RowTip(processList_.CellText(row, 0), id, access_.ImagePath(id));
+}
+
+process::TipText Form1::TipOfFavorite(int row) {
+    const favorites::Favorite favorite = favorites_.Row(row);
+    return {favorite.name, favorite.path + (favorite.param.empty() ? "" : "\r\n" + favorite.param)};
 }
 
 void Form1::LoadFavorites() {
@@ -198,6 +243,7 @@ void Form1::RestorePlacement() {
 void Form1::LoadOptions() {
     options_ = settings::LoadDisplayOptions(settings_);
     tips_.SetEnabled(options_.showTips);
+    processCommands_.ShowOptions();
     trayCommands_.Show(options_);
     trayCommands_.TrayTimer();
 }

@@ -31,7 +31,10 @@ public:
     // Files were dropped here, once the host has called acceptFiles(true).
     std::function<void(const std::vector<std::string>& paths)> FilesDropped;
     std::function<void()> ColumnResized;  // a column has been dragged to its new width
-    // The left button, pressed on a row, was released outside the control; client pixels.
+    // The selected rows are being dragged: the pointer moves outside the control, the left button having been
+    // pressed on a row; client pixels. Gives the shape of the pointer there.
+    std::function<platform::Pointer(platform::Point at)> DragOver;
+    // The button was released there.
     std::function<void(platform::Point at)> DragReleased;
     // A persisted property changed; the name of its key.
     std::function<void(std::string_view key)> PropertyChanged;
@@ -55,6 +58,7 @@ public:
     // ---- selection; the caller redraws ----
     bool Selected(int row) const { return model_.Selected(row); }
     void SelectItem(int row, bool state) { model_.SelectItem(row, state); }
+    std::vector<int> SelectedRows() const { return model_.SelectedRows(); }  // ascending
 
     // ---- sorting; the caller redraws ----
     void SortCol(int column, bool ascending);
@@ -78,6 +82,8 @@ public:
     int SelectedTopPosition() const;
     void SetSelectedTopPosition(int rows);
     int VisibleRows() const;  // rows that fit whole
+    // The left button is held on a row. Who refills the list now changes what the user is about to drop.
+    bool Dragging() const { return drag_ == Drag::Item; }
     // The row the keyboard acts on (focus rectangle), -1 for none.
     int CurrentRow() const;
     // What a drop of files does: hands the paths to FilesDropped.
@@ -178,6 +184,7 @@ private:
     void EndDrag();
     void pvOnMouseMove(const platform::MouseEvent& event);
     void DragWidth(platform::Point at);
+    void DragRows(platform::Point at);
     void DragThumb(platform::Point at);
     void ShapePointer(bool sizing);
     void HoverAt(platform::Point at);
@@ -218,6 +225,9 @@ private:
     int dragColumn_ = -1;
     int grabOffset_ = 0;
     platform::Point lastPoint_;
+    // What was selected before the press that may begin a drag: pressing one of several selected rows selects it
+    // alone, but dragging it takes all of them along.
+    std::vector<int> selectedBefore_;
     int repeatZone_ = 0;  // zone whose auto-repeat timer runs, 0 for none
     bool sizingPointer_ = false;
     int hoverRow_ = -1;

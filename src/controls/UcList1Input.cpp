@@ -1,5 +1,6 @@
 // Mouse and timers of the list.
 #include <algorithm>
+#include <utility>
 
 #include "controls/UcList1.h"
 
@@ -77,6 +78,8 @@ void UcList1::EndDrag() {
     }
     repeatZone_ = 0;
     const bool sized = drag_ == Drag::ColumnWidth;
+    if (drag_ == Drag::Item) setPointer(platform::Pointer::Arrow);
+    selectedBefore_.clear();
     drag_ = Drag::None;
     dragColumn_ = -1;
     hoverRow_ = -1;
@@ -127,6 +130,7 @@ void UcList1::PressItem(const UcListHit& hit, const MouseEvent& event) {
     } else if (ctrlHeld_ || event.modifiers.ctrl) {
         model_.SelectItem(hit.row, !model_.Selected(hit.row));
     } else {
+        if (model_.Selected(hit.row)) selectedBefore_ = model_.SelectedRows();
         model_.SelectOnly(hit.row);
     }
     anchorRow_ = currentRow_ = hit.row;
@@ -232,9 +236,24 @@ void UcList1::pvOnMouseMove(const MouseEvent& event) {
             HoverAt(event.at);
             break;
         case Drag::Item:
+            DragRows(event.at);
+            break;
         case Drag::HeaderCell:
             break;
     }
+}
+
+void UcList1::DragRows(Point at) {
+    if (!DragOver) return;
+    if (platform::Rect::fromSize({}, clientSize()).contains(at)) {
+        setPointer(platform::Pointer::Arrow);
+        return;
+    }
+    if (!selectedBefore_.empty()) {
+        for (const int row : std::exchange(selectedBefore_, {})) model_.SelectItem(row, true);
+        ReDraw();
+    }
+    setPointer(DragOver(at));
 }
 
 void UcList1::DragWidth(Point at) {

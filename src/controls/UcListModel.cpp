@@ -153,6 +153,14 @@ void UcListModel::InvertSelection() {
     for (std::uint8_t& flag : selected_) flag ^= 1U;
 }
 
+std::vector<int> UcListModel::SelectedRows() const {
+    std::vector<int> rows;
+    for (int row = 0; row < ListCount(); ++row) {
+        if (Selected(row)) rows.push_back(row);
+    }
+    return rows;
+}
+
 int UcListModel::FirstSelected() const {
     return SelectedNearest(0);
 }

@@ -97,9 +97,10 @@ public:
     void SelectOnly(int row);
     void SelectRange(int from, int to);  // both ends included, in either direction; other rows stay as they are
     void InvertSelection();
-    int FirstSelected() const;           // display row, -1 for none
-    int SelectedNearest(int row) const;  // the selected row closest to `row`, -1 for none
-    bool IsOnlySelected(int row) const;  // `row` is selected and nothing else is
+    std::vector<int> SelectedRows() const;  // display rows, ascending
+    int FirstSelected() const;              // display row, -1 for none
+    int SelectedNearest(int row) const;     // the selected row closest to `row`, -1 for none
+    bool IsOnlySelected(int row) const;     // `row` is selected and nothing else is
     int ItemAt(int row) const { return order_[static_cast<std::size_t>(row)]; }  // row must be in range
     int RowOf(int item) const;  // display row of an item number, -1 for none
 

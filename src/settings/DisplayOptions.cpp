@@ -7,6 +7,8 @@ DisplayOptions LoadDisplayOptions(const Settings& settings) {
     options.trayType = settings.Number(Key::TrayNum);
     options.showTips = settings.Number(Key::ShowTips) == 1;
     options.messageBeep = settings.Number(Key::MsgBeep) == 1;
+    options.showExtensions = settings.Number(Key::ShowExt) == 1;
+    options.showFileTips = settings.Number(Key::ShowFileTips) == 1;
     options.trayColor = ColourFromIndex(settings.Number(Key::TrayForeColor));
     options.trayBorder = ColourFromIndex(settings.Number(Key::TrayBrdrIdx));
     return options;

@@ -12,6 +12,8 @@ struct DisplayOptions {
     platform::Color trayBorder = 0;  // of the bar
     bool showTips = true;            // balloons over controls
     bool messageBeep = true;         // a sound with every message box
+    bool showExtensions = true;      // of the programs in the process list
+    bool showFileTips = true;        // what a process is about, over its row
 };
 
 // Damaged values read as described for each key; a colour index outside the table gives black.

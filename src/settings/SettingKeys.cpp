@@ -25,6 +25,8 @@ constexpr KeyInfo kKeys[] = {
     {Key::LaunchFav, "LaunchFav", KeyType::Number, "0"},
     {Key::TtlOnStart, "TtlOnStart", KeyType::Number, "0"},
     {Key::MsgBeep, "MsgBeep", KeyType::Number, "1"},
+    {Key::ShowExt, "ShowExt", KeyType::Number, "1"},
+    {Key::ShowFileTips, "ShowFileTips", KeyType::Number, "1"},
     {Key::GrphCapColur, "GrphCapColur", KeyType::Number, "7"},
     {Key::GrphValColr, "GrphValColr", KeyType::Number, "3"},
     {Key::ChkCPUGraphTop, "ChkCPUGraphTop", KeyType::Number, "1"},

@@ -24,6 +24,8 @@ enum class Key {
     LaunchFav,
     TtlOnStart,
     MsgBeep,
+    ShowExt,
+    ShowFileTips,
     GrphCapColur,
     GrphValColr,
     ChkCPUGraphTop,

@@ -120,6 +120,10 @@ void whenModal(std::function<void(Window& dialog)> script) {
     machine().desktop.modalScripts.push_back(std::move(script));
 }
 
+void startAgain() {
+    machine().desktop.quitCode = -1;
+}
+
 int quitCode() {
     return machine().desktop.quitCode;
 }

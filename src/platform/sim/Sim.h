@@ -167,6 +167,8 @@ std::vector<std::string> openedDocuments();  // paths handed to openDocument
 std::vector<std::string> log();              // operations in order, as "trayAdd", "storeWrite AutoSet", ...
 void clearLog();
 int quitCode();  // of postQuit; -1 when it was not called
+// The program is started once more: that the one before was told to quit counts no longer.
+void startAgain();
 
 // Handles of every kind that are open: processes, tokens, timers, icons, pictures, windows, mutexes, tooltips.
 int openHandles();

@@ -26,6 +26,7 @@ struct Machine {
     }
 
     app::Form1& Start() {
+        sim::startAgain();
         form = std::make_unique<app::Form1>();
         REQUIRE(form->Start() == app::Form1::StartResult::Running);
         return *form;

@@ -1,0 +1,63 @@
+#include "app/FilterCommands.h"
+
+#include <set>
+
+#include "app/MainToolBars.h"
+#include "filter/DlgHides.h"
+#include "platform/CodePage.h"
+#include "text/Case.h"
+
+namespace app {
+
+void FilterCommands::Load() {
+    parts_.filter.Load();
+    const bool any = !parts_.filter.Empty();
+    parts_.toolBar.EnableButton(button::kFileFilter, any);
+    parts_.toolBar.SetChecked(button::kFileFilter, any);
+}
+
+bool FilterCommands::Pressed() const {
+    return parts_.toolBar.IsChecked(button::kFileFilter);
+}
+
+void FilterCommands::Toggled() {
+    const PausedSlot pause(parts_.slots, Slot::Process, kRefreshMilliseconds);
+    parts_.favorites.LoadFavorites();
+    parts_.favorites.SortFavs();
+    parts_.refresh.FullRebuild();
+}
+
+// The button works exactly while there is something to filter; it is pressed by the user only.
+void FilterCommands::FilterChanged() {
+    const bool any = !parts_.filter.Empty();
+    if (!any) parts_.toolBar.SetChecked(button::kFileFilter, false);
+    parts_.toolBar.EnableButton(button::kFileFilter, any);
+}
+
+void FilterCommands::Add(const std::vector<std::string>& paths) {
+    std::set<std::string> seen;
+    bool duplicate = false;
+    bool badExtension = false;
+    for (const std::string& path : paths) {
+        if (!seen.insert(platform::lowerCase(text::FileNameOf(path))).second) continue;
+        const filter::AddFilterResult result = parts_.filter.AddFilter(path);
+        duplicate = duplicate || result == filter::AddFilterResult::Duplicate;
+        badExtension = badExtension || result == filter::AddFilterResult::BadExtension;
+    }
+    FilterChanged();
+    parts_.refresh.FullRebuild();
+    if (badExtension) parts_.messages.Tell(filter::kBadExtensionText);
+    if (duplicate) parts_.messages.Tell(filter::kDuplicateText);
+}
+
+void FilterCommands::ShowDialog() {
+    filter::DlgHides dialog(
+        {parts_.filter, parts_.msgBoxes, parts_.tips, parts_.options.messageBeep, [this] { FilterChanged(); }});
+    {
+        const BusyGuard guard(parts_.busy);
+        dialog.ShowModal(parts_.window);
+    }
+    if (parts_.window.exists()) parts_.refresh.FullRebuild();
+}
+
+}  // namespace app
