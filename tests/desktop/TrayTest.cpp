@@ -141,7 +141,7 @@ TEST_CASE("notification area: the meter moves with the load, in its colours, and
 
     const HWND main = FindWindowA("Form1", "Kestrum 2");
     REQUIRE(main != nullptr);
-    CHECK_FALSE(IsWindowVisible(main));
+    CHECK(WaitFor([&] { return !IsWindowVisible(main); }));  // the icon is there a little before
     LoseTrayIcon(main);
     CHECK(WaitFor([] { return !TrayHasIcon(); }));
     const Picture bare = TrayPicture();
