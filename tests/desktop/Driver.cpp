@@ -284,6 +284,24 @@ void PressKey(WORD key, bool withCtrl) {
     if (withCtrl) SendKey(VK_CONTROL, true);
 }
 
+void HoldKey(WORD key, bool down) {
+    SendKey(key, !down);
+}
+
+void PressKeyIn(HWND window, WORD key) {
+    PostMessageA(window, WM_KEYDOWN, key, 0);
+    PostMessageA(window, WM_KEYUP, key, 0);
+}
+
+HWND WaitForDialog(const char* caption) {
+    HWND dialog = nullptr;
+    WaitFor([&] {
+        dialog = FindWindowA("#32770", caption);
+        return dialog != nullptr && IsWindowVisible(dialog);
+    });
+    return dialog;
+}
+
 void ParkPointer() {
     MovePointer({2, 2});
 }

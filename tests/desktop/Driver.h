@@ -92,6 +92,11 @@ bool Drag(HWND window, const std::function<Point()>& grip, Point end, const std:
 // told how far beside the first they have to be so that no two are a double click.
 bool Repeat(const std::function<void(int aside)>& click, const std::function<bool()>& condition);
 void PressKey(WORD key, bool withCtrl = false);
+void HoldKey(WORD key, bool down);
+// Gives a key to one window, whichever has the focus.
+void PressKeyIn(HWND window, WORD key);
+// A message box or dialog that is shown.
+HWND WaitForDialog(const char* caption);
 // Puts the pointer where it hovers over nothing.
 void ParkPointer();
 

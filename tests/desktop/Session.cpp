@@ -105,6 +105,7 @@ Session::Session(const Installation& installation)
     processes_ = List(Child(main_, "UcList1", "UcList11"));
     favorites_ = List(Child(main_, "UcList1", "UcList12"));
     toolBar1_ = Child(main_, "ToolBar", "ToolBar1");
+    toolBar2_ = Child(main_, "ToolBar", "ToolBar2");
     splitter_ = Child(main_, nullptr, "SplitBar");
     if (!processes_.Window() || !favorites_.Window() || !toolBar1_ || !splitter_) main_ = nullptr;
     if (main_ == nullptr) return;
@@ -126,6 +127,19 @@ bool Session::ToggleToolBar1(int button) const {
             Click(toolBar1_, {rect.left + 4 + aside, rect.top + 8});
         },
         [&] { return ToolBar1Button(button) != before; });
+}
+
+void Session::ClickToolBar1(int button) const {
+    const Rect rect = ToolBar1Layout().Button(button);
+    Click(toolBar1_, {rect.left + 8, rect.top + 8});
+}
+
+void Session::ClickToolBar2(int button, int aside) const {
+    controls::ToolBarLayout layout;
+    layout.size24 = false;
+    layout.separators.assign(7, false);
+    const Rect rect = layout.Button(button);
+    Click(toolBar2_, {rect.left + 6 + aside, rect.top + 8});
 }
 
 bool Session::End() {

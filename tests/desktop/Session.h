@@ -63,6 +63,9 @@ public:
     Picture ToolBar1Button(int button) const;
     // Clicks a check button of ToolBar1 until it looks different than before.
     bool ToggleToolBar1(int button) const;
+    void ClickToolBar1(int button) const;
+    void ClickToolBar2(int button,
+                       int aside) const;  // `aside`: pixels beside the first click, against double clicks
     bool Running() const { return process_->Running(); }
     bool End();  // ends the program as log-off does; false when it doesn't end
     // Waits until the program, which was asked to, has ended.
@@ -74,6 +77,7 @@ private:
     std::unique_ptr<Process> process_;
     HWND main_ = nullptr;  // nullptr when the window or one of its parts is missing
     HWND toolBar1_ = nullptr;
+    HWND toolBar2_ = nullptr;
     HWND splitter_ = nullptr;
     List processes_;
     List favorites_;
