@@ -83,7 +83,10 @@ TEST_CASE("Log-off saves what closing saves") {
 
 TEST_CASE("Nothing overlaps at any size the window can have") {
     app::MainParts parts;
-    parts.affinityWidth = 300;
+    parts.affinityWidth = 480;  // eight processors
+    parts.priorityWidth = 70;
+    parts.invertWidth = 95;
+    parts.refreshWidth = 105;
     parts.toolBar1Width = 700;
     parts.gaugeWidth = 120;
     for (const int status : {0, 900}) {
@@ -93,9 +96,9 @@ TEST_CASE("Nothing overlaps at any size the window can have") {
              {platform::Size{least.width - 16, least.height - 40}, {867, 406}, {1920, 1000}}) {
             for (const int splitter : {-50, 0, 474, 5000}) {
                 const app::MainLayout layout = app::LayOutMain(size, splitter, parts);
-                const Rect all[] = {layout.toolBar1,    layout.toolBar2,    layout.affinity,
-                                    layout.processList, layout.splitter,    layout.favoritesList,
-                                    layout.status,      layout.memoryGauge, layout.cpuGauge};
+                const Rect all[] = {layout.toolBar1,      layout.toolBar2, layout.affinity,    layout.priority,
+                                    layout.invert,        layout.refresh,  layout.processList, layout.splitter,
+                                    layout.favoritesList, layout.status,   layout.memoryGauge, layout.cpuGauge};
                 for (const Rect& one : all) {
                     CHECK(one.intersect(Rect::fromSize({0, 0}, size)) == one);
                     for (const Rect& other : all) CHECK((&one == &other || !one.intersects(other)));
