@@ -23,9 +23,10 @@ TEST_CASE("an empty store gives the defaults of a first start") {
     sim::reset();
     const Settings store;
     const std::map<Key, int> notZero = {
-        {Key::CpuToolTips, 1},   {Key::EdgeDetect, 1}, {Key::TransLevel, 85},    {Key::TrayNum, 1},
-        {Key::TrayForeColor, 5}, {Key::ShowTips, 1},   {Key::MsgBeep, 1},        {Key::GrphCapColur, 7},
-        {Key::GrphValColr, 3},   {Key::Splitter, 474}, {Key::ChkCPUGraphTop, 1}, {Key::EnforceInterval, 5},
+        {Key::CpuToolTips, 1},    {Key::EdgeDetect, 1},      {Key::TransLevel, 85}, {Key::TrayNum, 1},
+        {Key::TrayForeColor, 5},  {Key::ShowTips, 1},        {Key::MsgBeep, 1},     {Key::ShowExt, 1},
+        {Key::ShowFileTips, 1},   {Key::GrphCapColur, 7},    {Key::GrphValColr, 3}, {Key::Splitter, 474},
+        {Key::ChkCPUGraphTop, 1}, {Key::EnforceInterval, 5},
     };
     for (int i = 0; i < static_cast<int>(Key::Count); ++i) {
         const auto key = static_cast<Key>(i);
