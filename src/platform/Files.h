@@ -31,4 +31,13 @@ bool createFolders(const std::string& path);
 // The path with its long names in their true case; nullopt when it does not resolve. GetLongPathNameA.
 std::optional<std::string> longPathName(const std::string& path);
 
+// What tells one state of a file from another.
+struct FileStamp {
+    std::uint64_t lastWrite = 0;  // 100-ns units since 1601 (UTC)
+    std::uint64_t size = 0;       // bytes
+    friend bool operator==(const FileStamp&, const FileStamp&) = default;
+};
+// nullopt when there is no such file, or it is a folder. GetFileAttributesExA.
+std::optional<FileStamp> fileStamp(const std::string& path);
+
 }  // namespace platform

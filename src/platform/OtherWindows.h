@@ -21,4 +21,7 @@ struct WindowFacts {
 // nullopt when the window is gone. topLevelWindowNumbers (Instance.h) gives the numbers to ask for.
 std::optional<WindowFacts> windowFacts(std::uintptr_t window);
 
+// Asks a window to close, without waiting. PostMessageA, WM_CLOSE.
+void postClose(std::uintptr_t window);
+
 }  // namespace platform

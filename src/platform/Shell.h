@@ -21,4 +21,10 @@ std::optional<std::string> chooseFile(Window& owner, const std::string& title, c
 // ShellExecuteA, verb "open".
 bool openDocument(Window& owner, const std::string& path);
 
+// Starts a program or opens a document without waiting, in a normal window; false when the shell refuses. Without
+// `parameters` none are passed. `file` is looked for in `folder`, which becomes the working folder. ShellExecuteA,
+// verb "open", show command 1.
+bool launch(Window& owner, const std::string& file, const std::optional<std::string>& parameters,
+            const std::string& folder);
+
 }  // namespace platform

@@ -109,7 +109,9 @@ bool hasDropShadow(const Window& window);
 void holdMutex(const std::string& name);  // another program made it, and keeps it
 // A top-level window of another program, above all others; gives its number. topLevelWindowNumbers lists it.
 std::uintptr_t addOtherWindow(const WindowFacts& facts);
-void setLocalBias(int minutes);  // 0 at first
+void setLocalBias(int minutes);              // 0 at first
+std::vector<std::uintptr_t> closesPosted();  // windows handed to postClose; an own window gets its onClose
+void typeText(const std::string& text);      // into the text box that has the focus, in place of its selection
 
 // ---- balloon tips ----
 struct Tip {
@@ -164,7 +166,13 @@ std::vector<Balloon> balloons();  // every balloon since reset
 void setShellRunning(bool running);
 std::vector<std::string> sounds();
 std::vector<std::string> openedDocuments();  // paths handed to openDocument
-std::vector<std::string> log();              // operations in order, as "trayAdd", "storeWrite AutoSet", ...
+struct Launch {
+    std::string file;
+    std::optional<std::string> parameters;
+    std::string folder;
+};
+std::vector<Launch> launches();  // handed to launch; one whose file exists in its folder is no process by that
+std::vector<std::string> log();  // operations in order, as "trayAdd", "storeWrite AutoSet", ...
 void clearLog();
 int quitCode();  // of postQuit; -1 when it was not called
 // The program is started once more: that the one before was told to quit counts no longer.
