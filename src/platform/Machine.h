@@ -42,4 +42,8 @@ std::string windowsDirectory();
 // Full path of this program's own executable file. GetModuleFileNameA.
 std::string programPath();
 
+// What this program was started with: everything behind its own name, blanks included. The name may stand in quotes
+// or be the plain path, whatever blanks that holds. GetCommandLineA.
+std::string commandLine();
+
 }  // namespace platform

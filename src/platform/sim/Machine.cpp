@@ -64,8 +64,15 @@ std::string windowsDirectory() {
 std::string programPath() {
     return "C:\\Kestrum\\Kestrum2.exe";
 }
+std::string commandLine() {
+    return machine().commandLine;
+}
 
 namespace sim {
+
+void setCommandLine(const std::string& text) {
+    machine().commandLine = text;
+}
 
 void failSystemFigures(bool refuse) {
     machine().figures.refused = refuse;

@@ -50,6 +50,8 @@ void setPhysicalMemory(std::uint64_t total, std::uint64_t available);  // bytes;
 void putMachineText(const std::string& key, const std::string& name, const std::string& value);
 void putMachineNumber(const std::string& key, const std::string& name, std::uint32_t value);
 
+void setCommandLine(const std::string& text);  // what commandLine gives; empty at first
+
 // ---- clock ----
 void advance(std::uint32_t milliseconds);  // moves the clock without running anything; loads use processor time
 void run(std::uint32_t milliseconds);  // moves the clock, firing due timers and painting as the message loop would

@@ -212,6 +212,7 @@ struct Machine {
     int localBias = 0;  // minutes
     ProcessTable processes;
     Figures figures;
+    std::string commandLine;
     std::map<std::string, NamedMutex> mutexes;
     HandleTable<std::string> mutexHandles;  // the mutex's name
     Disk disk;

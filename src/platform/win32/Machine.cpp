@@ -1,6 +1,7 @@
 #include "platform/Machine.h"
 
 #include <algorithm>
+#include <string_view>
 
 #include "platform/win32/Win32.h"
 
@@ -39,6 +40,22 @@ std::string programPath() {
         }
     }
     return std::string();
+}
+
+std::string commandLine() {
+    const std::string_view whole = GetCommandLineA();
+    if (whole.starts_with('"')) {
+        const std::size_t quote = whole.find('"', 1);
+        return std::string(quote == whole.npos ? std::string_view() : whole.substr(quote + 1));
+    }
+    // The run list of the system starts programs by their path without quotes.
+    const std::string path = programPath();
+    if (whole.size() >= path.size() &&
+        CompareStringA(LOCALE_USER_DEFAULT, NORM_IGNORECASE, whole.data(), static_cast<int>(path.size()),
+                       path.data(), static_cast<int>(path.size())) == CSTR_EQUAL) {
+        return std::string(whole.substr(path.size()));
+    }
+    return std::string(whole.substr(std::min(whole.size(), whole.find(' '))));
 }
 
 }  // namespace platform
