@@ -2,6 +2,7 @@
 // names nothing. No function here reports more than success.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>

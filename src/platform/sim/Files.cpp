@@ -112,7 +112,7 @@ bool writeFile(const std::string& path, std::string_view content) {
     if (!canPlaceFile(key) || (!may && !dying)) return false;
 
     auto& disk = machine().disk;
-    FileEntry& entry = disk.entries.try_emplace(key, FileEntry{newPath(key, path), {}, false, false}).first->second;
+    FileEntry& entry = disk.entries.try_emplace(key, FileEntry{newPath(key, path), {}}).first->second;
     std::size_t room = content.size();
     if (disk.space) {
         *disk.space += entry.content.size();
@@ -120,6 +120,7 @@ bool writeFile(const std::string& path, std::string_view content) {
     }
     if (dying) room = std::min(room, content.size() / 2);
     entry.content = content.substr(0, room);
+    entry.lastWrite = sim::nextWrite(machine());
     if (disk.space) *disk.space -= entry.content.size();
     return may && room >= content.size();
 }
@@ -188,7 +189,9 @@ bool createFolders(const std::string& path) {
     if (findEntry(key) != nullptr || !createFolders(plain.substr(0, plain.rfind('\\') + 1))) return false;
     if (inReadOnlyFolder(key)) return false;
     sim::note("createFolder", plain);
-    machine().disk.entries[key] = {newPath(key, plain), {}, true, false};
+    FileEntry& folder = machine().disk.entries[key];
+    folder.path = newPath(key, plain);
+    folder.folder = true;
     return true;
 }
 
@@ -201,7 +204,17 @@ std::optional<std::string> longPathName(const std::string& path) {
     return path.substr(0, 2) + entry->path.substr(2);  // the drive's letter stays as asked
 }
 
+std::optional<FileStamp> fileStamp(const std::string& path) {
+    const FileEntry* entry = findEntry(pathKey(path));
+    if (entry == nullptr || entry->folder) return std::nullopt;
+    return FileStamp{entry->lastWrite, entry->content.size()};
+}
+
 namespace sim {
+
+std::uint64_t nextWrite(Machine& state) {
+    return state.disk.lastWrite = std::max(fileTime(state.now), state.disk.lastWrite + 1);
+}
 
 std::string pathKey(std::string_view path) {
     if (path.size() < 3 || path.size() >= kMaxPath || path[1] != ':') return {};
@@ -224,9 +237,13 @@ void putEntry(Machine& state, const std::string& path, std::string content, bool
     for (std::size_t at = 2; at < key.size();) {
         const std::size_t end = std::min(key.find('\\', at + 1), key.size());
         const bool last = end == key.size();
-        FileEntry fresh{stored + plain.substr(at, end - at), {}, folder || !last, false};
+        FileEntry fresh{stored + plain.substr(at, end - at), {}};
+        fresh.folder = folder || !last;
         FileEntry& entry = state.disk.entries.try_emplace(key.substr(0, end), std::move(fresh)).first->second;
-        if (last && !folder) entry.content = std::move(content);
+        if (last && !folder) {
+            entry.content = std::move(content);
+            entry.lastWrite = nextWrite(state);
+        }
         stored = entry.path;
         at = end;
     }

@@ -60,6 +60,16 @@ std::optional<WindowFacts> windowFacts(std::uintptr_t window) {
     return facts;
 }
 
+void postClose(std::uintptr_t window) {
+    sim::note("postClose", std::to_string(window));
+    machine().desktop.closesPosted.push_back(window);
+    machine().desktop.closeRequests.push_back(window);
+}
+
+std::vector<std::uintptr_t> sim::closesPosted() {
+    return machine().desktop.closesPosted;
+}
+
 std::uintptr_t sim::addOtherWindow(const WindowFacts& facts) {
     const std::uintptr_t number = nextSerial();
     machine().desktop.otherWindows.emplace(number, facts);

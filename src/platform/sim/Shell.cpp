@@ -27,6 +27,17 @@ bool openDocument(Window&, const std::string& path) {
     return true;
 }
 
+bool launch(Window&, const std::string& file, const std::optional<std::string>& parameters,
+            const std::string& folder) {
+    sim::note("launch", parameters ? file + " " + *parameters : file);
+    sim::machine().launches.push_back({file, parameters, folder});
+    return sim::machine().shellRunning && (fileExists(folder + file) || fileExists(file));
+}
+
+std::vector<sim::Launch> sim::launches() {
+    return machine().launches;
+}
+
 std::vector<std::string> sim::openedDocuments() {
     return machine().openedDocuments;
 }

@@ -40,6 +40,12 @@ void dispatchWaiting() {
         requests.pop_front();
         if (window) showNormal(window);
     }
+    auto& closes = machine().desktop.closeRequests;
+    while (!closes.empty()) {
+        const WindowPointer window = findRecord(closes.front());
+        closes.pop_front();
+        if (window && window->object != nullptr) WindowAccess::close(*window->object);
+    }
     paintInvalid();
 }
 

@@ -104,15 +104,19 @@ Frame frameOf(WindowKind kind) {
     return {};
 }
 
+Frame frameOf(const WindowRecord& record) {
+    return record.textBox ? Frame{1, 1} : frameOf(record.kind);
+}
+
 Size clientSizeOf(const WindowRecord& record) {
     if (record.state == WindowState::Minimized) return {};
-    const Frame frame = frameOf(record.kind);
+    const Frame frame = frameOf(record);
     return {std::max(0, record.bounds.width() - 2 * frame.side),
             std::max(0, record.bounds.height() - frame.top - frame.side)};
 }
 
 Point clientOrigin(const WindowRecord& record) {
-    const Frame frame = frameOf(record.kind);
+    const Frame frame = frameOf(record);
     Point origin{record.bounds.left + frame.side, record.bounds.top + frame.top};
     if (record.kind != WindowKind::Child) return origin;
     if (const WindowPointer parent = findRecord(record.parent)) {
@@ -133,6 +137,7 @@ void setFocus(std::uintptr_t native) {
     }
     if (const WindowPointer record = findRecord(loser); record && record->object != nullptr) {
         WindowAccess::focus(*record->object, false);
+        if (record->textBox && record->object != nullptr) sendBoxFocusLost(record);
     }
     if (desktop.focus != native) return;  // the loser's handler gave it to another one
     if (const WindowPointer record = findRecord(native); record && record->object != nullptr) {
@@ -195,6 +200,8 @@ void moveFocus(const WindowPointer& from, bool backward) {
 
 void setTitle(const WindowPointer& record, const std::string& text) {
     record->title = text.c_str();
+    record->selection = {};
+    if (record->textBox) invalidateTree(*record);
     if (record->object != nullptr) WindowAccess::textChanged(*record->object);
 }
 

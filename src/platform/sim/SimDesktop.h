@@ -44,6 +44,7 @@ struct Frame {
     int top = 0;
 };
 Frame frameOf(WindowKind kind);
+Frame frameOf(const WindowRecord& record);
 
 WindowPointer findRecord(std::uintptr_t native);      // null when it is gone
 WindowPointer topLevel(const WindowPointer& inside);  // the window that holds it, itself when it is top-level
@@ -62,6 +63,12 @@ void cancelCaptureInside(const WindowRecord& window);
 
 void showNormal(const WindowPointer& window);  // shows, restores and activates a top-level window
 void setTitle(const WindowPointer& record, const std::string& text);
+
+// A text box: a key that went down in it, the loss of the focus, and what painting shows.
+void sendBoxKey(const WindowPointer& box, std::uint16_t code, Modifiers modifiers);
+void sendBoxFocusLost(const WindowPointer& box);
+void paintBox(const WindowRecord& box, Canvas& canvas, const Rect& dirty);
+
 bool hasShadow(const WindowRecord& record);
 
 void sendTimer(std::uintptr_t window, int id);

@@ -84,6 +84,7 @@ void sendMouse(std::uintptr_t native, Point at, MouseAction action, MouseButton 
     Desktop& desktop = machine().desktop;
     if (button == MouseButton::Left) desktop.leftHeld = action != MouseAction::Up;
     if (target.window) {
+        if (target.window->textBox && action == MouseAction::Down) setFocus(target.window->native);
         WindowAccess::mouse(*target.window->object, {action, button, target.at, modifiers, desktop.leftHeld});
     }
     if (action == MouseAction::Up) leaveHovered();
@@ -92,7 +93,9 @@ void sendMouse(std::uintptr_t native, Point at, MouseAction action, MouseButton 
 void sendKey(bool down, std::uint16_t code, Modifiers modifiers) {
     const WindowPointer record = findRecord(machine().desktop.focus);
     if (!record || !takesInput(*record) || record->object == nullptr) return;
-    if (code != key::kTab) {
+    if (record->textBox && code != key::kTab) {
+        if (down) sendBoxKey(record, code, modifiers);
+    } else if (code != key::kTab) {
         WindowAccess::key(*record->object, {down, code, modifiers});
     } else if (down && !modifiers.alt) {
         moveFocus(record, modifiers.shift);

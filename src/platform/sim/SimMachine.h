@@ -102,12 +102,14 @@ struct NamedMutex {
 struct FileEntry {
     std::string path;  // in its true case
     std::string content;
+    std::uint64_t lastWrite = 0;  // 100-ns units since 1601
     bool folder = false;
     bool readOnly = false;  // folders: nothing in or below it can be created, changed or removed
     bool unreadable = false;
 };
 struct Disk {
     std::map<std::string, FileEntry> entries;  // by pathKey
+    std::uint64_t lastWrite = 0;               // of the file written last
     std::optional<std::size_t> space;
     std::optional<int> operationsLeft;
     bool stopped = false;
@@ -145,6 +147,11 @@ struct Tooltip {
     int initial = 0;
 };
 
+struct Selection {  // bytes of the text; a caret when it is empty
+    std::size_t from = 0;
+    std::size_t to = 0;
+};
+
 struct WindowRecord {
     Window* object = nullptr;  // nullptr while its destructor runs
     std::uintptr_t native = 0;
@@ -164,6 +171,8 @@ struct WindowRecord {
     bool topmost = false;
     bool acceptsFiles = false;
     bool destroying = false;
+    bool textBox = false;       // its object is a TextBox
+    Selection selection;        // of a text box
     bool ownersShadow = false;  // a dialog whose parent had a drop shadow when it was created
     std::map<std::string, std::uintptr_t> properties;  // by lower-case name
     std::uintptr_t modalOwner = 0;                     // disabled until this dialog hides or goes
@@ -194,7 +203,9 @@ struct Desktop {
     std::deque<std::function<void(Window&)>> modalScripts;
     std::deque<std::optional<std::string>> fileAnswers;
     std::deque<std::function<int(const std::vector<MenuItem>&)>> menuScripts;
-    std::deque<std::uintptr_t> showRequests;  // of showNormalAsync, until messages run
+    std::deque<std::uintptr_t> showRequests;   // of showNormalAsync, until messages run
+    std::deque<std::uintptr_t> closeRequests;  // of postClose, likewise
+    std::vector<std::uintptr_t> closesPosted;
     std::set<std::string> shadowClasses;
     std::map<std::uintptr_t, WindowFacts> otherWindows;  // of other programs; ascending: the last one on top
 };
@@ -230,6 +241,7 @@ struct Machine {
     bool shellRunning = true;
     std::vector<std::string> sounds;
     std::vector<std::string> openedDocuments;
+    std::vector<Launch> launches;
     std::vector<std::string> log;
 };
 
@@ -250,6 +262,8 @@ void moveClock(std::uint64_t milliseconds);
 
 // Key of an absolute path in Disk::entries; empty when the path names nothing.
 std::string pathKey(std::string_view path);
+// When the next file is written: now, and later than the one before, so that any two states of a file differ.
+std::uint64_t nextWrite(Machine& state);
 void putEntry(Machine& state, const std::string& path, std::string content, bool folder);
 
 }  // namespace platform::sim

@@ -59,7 +59,11 @@ void paintRecord(const WindowPointer& record) {
     PaintContext context{record->bufferSize, record->buffer, record->drawn, dirty, {}};
     context.fill(dirty, kUnpainted);
     Canvas canvas(&context);
-    WindowAccess::paint(*record->object, canvas, dirty);
+    if (record->textBox) {
+        paintBox(*record, canvas, dirty);
+    } else {
+        WindowAccess::paint(*record->object, canvas, dirty);
+    }
 }
 
 void paintTree(const WindowPointer& record) {
