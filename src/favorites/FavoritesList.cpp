@@ -84,18 +84,19 @@ bool FavoritesList::Save() {
     return !unsaved_;
 }
 
-int FavoritesList::RemoveSelected() {
+int FavoritesList::RemoveRows(const std::vector<int>& rows) {
     const LockedList locked(list_);
     const int top = list_.TopIndex();
     int removed = 0;
     int first = 0;
-    for (int row = Count() - 1; row >= 0; --row) {
-        if (!list_.Selected(row)) continue;
+    for (const int row : std::set<int, std::greater<>>(rows.begin(), rows.end())) {
+        if (row < 0 || row >= Count()) continue;
         list_.RemoveItem(row);
         first = row;
         ++removed;
     }
     if (removed == 0) return 0;
+    const std::set<std::string> stillSelected = SelectedPaths();
     // When the file could not be written, loading it would bring the rows back: the list stays as the user wants
     // it, and the next save tries again.
     if (Save()) {
@@ -103,10 +104,33 @@ int FavoritesList::RemoveSelected() {
         LoadFavorites();
         SortFavs();
     }
+    SelectPaths(stillSelected);
     // The user stays where they were, on the row that moved up.
-    list_.SelectItem(std::min(first, Count() - 1), true);
+    if (!AnySelected()) list_.SelectItem(std::min(first, Count() - 1), true);
     list_.SetTopIndex(top);
     return removed;
+}
+
+bool FavoritesList::ReplaceRows(const std::map<int, Favorite>& favorites) {
+    const LockedList locked(list_);
+    std::set<std::string> paths;
+    bool changed = false;
+    for (const auto& [row, favorite] : favorites) {
+        if (row < 0 || row >= Count()) continue;
+        paths.insert(text::Lower(favorite.path));
+        if (Row(row) == favorite) continue;
+        PutRow(row, favorite);
+        changed = true;
+    }
+    if (!changed) return false;
+    // The favourites keep their place on the screen, wherever the sort puts them now.
+    const int place = favorites.begin()->first - list_.TopIndex();
+    // What could not be written stays in the list, and the next save tries again.
+    if (Save()) LoadFavorites();
+    SortFavs();
+    SelectPaths(paths);
+    list_.SetSelectedTopPosition(place);
+    return true;
 }
 
 void FavoritesList::SortFavs() {
@@ -136,6 +160,33 @@ std::vector<Favorite> FavoritesList::Rows() const {
     rows.reserve(static_cast<std::size_t>(Count()));
     for (int row = 0; row < Count(); ++row) rows.push_back(Row(row));
     return rows;
+}
+
+std::vector<Favorite> FavoritesList::SelectedFavorites() const {
+    std::vector<Favorite> selected;
+    for (const int row : SelectedRows()) selected.push_back(Row(row));
+    return selected;
+}
+
+std::set<std::string> FavoritesList::SelectedPaths() const {
+    std::set<std::string> paths;
+    for (const int row : SelectedRows()) paths.insert(text::Lower(list_.CellText(row, kColPath)));
+    return paths;
+}
+
+void FavoritesList::SelectPaths(const std::set<std::string>& lowerPaths) {
+    for (int row = 0; row < Count(); ++row) {
+        list_.SelectItem(row, lowerPaths.contains(text::Lower(list_.CellText(row, kColPath))));
+    }
+}
+
+// The row keeps its icon.
+void FavoritesList::PutRow(int row, const Favorite& favorite) {
+    list_.SetList(row, kColName, favorite.name);
+    list_.SetList(row, kColAffinity, favorite.affinity);
+    list_.SetList(row, kColPriority, favorite.priority);
+    list_.SetList(row, kColPath, favorite.path);
+    list_.SetList(row, kColParam, favorite.param);
 }
 
 void FavoritesList::AddRow(const Favorite& favorite) {

@@ -3,6 +3,8 @@
 #pragma once
 
 #include <functional>
+#include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -45,6 +47,8 @@ public:
 
     // The current profile, "My Favs 1" at first. Setting it loads nothing.
     void SetFavName(const std::string& name) { favName_ = name; }
+    const std::string& FavName() const { return favName_; }
+    const std::string& BaseFolder() const { return baseFolder_; }
 
     // Fills the list from the profile's file, in the file's order. Favourites whose program is missing leave
     // the profile, reported by a balloon.
@@ -59,7 +63,12 @@ public:
         if (unsaved_) Save();
     }
     // Removes the selected rows, saves, and drops the icons nobody needs any more; how many rows went.
-    int RemoveSelected();
+    int RemoveSelected() { return RemoveRows(SelectedRows()); }
+    // The same for these rows; other selected ones stay selected.
+    int RemoveRows(const std::vector<int>& rows);
+    // Puts other favourites in the place of rows. When that changes any: saves, loads again, sorts, and selects
+    // these favourites, which are known by their paths. False when nothing changed.
+    bool ReplaceRows(const std::map<int, Favorite>& favorites);
 
     // Sorts by the column (0..4) and direction last given.
     void SortFavs();
@@ -69,11 +78,16 @@ public:
 
     int Count() const { return list_.ListCount(); }
     bool AnySelected() const;
-    Favorite Row(int row) const;  // empty when there is no such row
+    std::vector<int> SelectedRows() const { return list_.SelectedRows(); }  // ascending
+    std::vector<Favorite> SelectedFavorites() const;                        // in that order
+    Favorite Row(int row) const;                                            // empty when there is no such row
     std::vector<Favorite> Rows() const;
 
 private:
     void AddRow(const Favorite& favorite);
+    void PutRow(int row, const Favorite& favorite);
+    std::set<std::string> SelectedPaths() const;
+    void SelectPaths(const std::set<std::string>& lowerPaths);
     void CleanUpIcons() const;
     void DrawIcon(platform::Canvas& canvas, platform::Point at, int row);
 

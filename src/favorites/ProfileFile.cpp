@@ -66,13 +66,15 @@ std::vector<Favorite> ParseProfile(std::string_view content) {
     return favorites;
 }
 
+std::string FormatLine(const Favorite& favorite) {
+    return favorite.name + '\t' + favorite.affinity + '\t' + favorite.priority + '\t' + favorite.path + '\t' +
+           favorite.param + "\r\n";
+}
+
 std::string FormatProfile(const std::vector<Favorite>& favorites) {
     std::string content = kProfileHeader;
     content += "\r\n";
-    for (const Favorite& favorite : favorites) {
-        content += favorite.name + '\t' + favorite.affinity + '\t' + favorite.priority + '\t' + favorite.path +
-                   '\t' + favorite.param + "\r\n";
-    }
+    for (const Favorite& favorite : favorites) content += FormatLine(favorite);
     return content;
 }
 

@@ -15,6 +15,8 @@ inline constexpr char kProfileHeader[] = "[Kestrum 2 - Morvell Software 2010]";
 // The favourites in a profile's content, bytes as they are. The first line, lines of 7 characters or less and
 // columns behind the fifth are left out; a column that is missing is empty.
 std::vector<Favorite> ParseProfile(std::string_view content);
+// The line of a favourite, with its CR LF.
+std::string FormatLine(const Favorite& favorite);
 // The content of a profile file with these favourites, header first.
 std::string FormatProfile(const std::vector<Favorite>& favorites);
 

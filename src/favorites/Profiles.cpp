@@ -33,6 +33,13 @@ std::string ProfileNameFromIndex(int index) {
     return ProfileName(std::clamp(index, 0, kProfileCount - 1) + 1);
 }
 
+bool IsProfileName(const std::string& name) {
+    for (int number = 1; number <= kProfileCount; ++number) {
+        if (name == ProfileName(number)) return true;
+    }
+    return false;
+}
+
 std::string ProfilePath(const std::string& baseFolder, const std::string& name) {
     return baseFolder + name;
 }

@@ -18,6 +18,9 @@ std::string ProfileName(int number);
 // The same from the zero-based index in the settings.
 std::string ProfileNameFromIndex(int index);
 
+// True for the names of the five, letter for letter.
+bool IsProfileName(const std::string& name);
+
 std::string ProfilePath(const std::string& baseFolder, const std::string& name);
 bool ProfileExists(const std::string& baseFolder, const std::string& name);
 // The name, followed by " (Empty)" when the profile has no file.

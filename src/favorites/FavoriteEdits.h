@@ -1,0 +1,30 @@
+// What the user does to favourites of the current profile: new parameter, new settings, copies in other profiles.
+// Everything is saved at once. Messages, paused timers and busy pointers belong to the form that calls.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace favorites {
+
+class FavoritesList;
+
+// Gives a row the parameter its program is launched with; tabs and line ends become blanks, because a profile file
+// cannot hold them. Saves, loads again, sorts, and selects that favourite. False when nothing changed.
+bool SetParam(FavoritesList& list, int row, const std::string& param);
+
+// Gives rows a new affinity text and/or priority name; nullopt keeps what each of them has. Saves, loads again,
+// sorts, and selects those favourites. False when nothing changed.
+bool SetSettings(FavoritesList& list, const std::vector<int>& rows, const std::optional<std::string>& affinity,
+                 const std::optional<std::string>& priority);
+
+// Copies the selected favourites into another profile, without those it holds already. False when that changed no
+// file; the current profile and names that are no profile are refused.
+bool CopySelectedTo(FavoritesList& list, const std::string& profileName);
+
+// Copies them, then removes those that the other profile holds now, whether just copied or there before. What could
+// not be copied stays, and stays selected. Gives how many left the current profile, whose file goes with the last.
+int MoveSelectedTo(FavoritesList& list, const std::string& profileName);
+
+}  // namespace favorites
