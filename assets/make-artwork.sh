@@ -6,9 +6,11 @@ cd "$(dirname "$0")"
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
-# render SOURCE SIZE: draws svg/SOURCE.svg at SIZE pixels.
+# render SOURCE SIZE: draws svg/SOURCE.svg, or one made below, at SIZE pixels.
 render() {
-    rsvg-convert -w "$2" -h "$2" "svg/$1.svg" -o "$work/$1-$2.png"
+    drawing=svg/$1.svg
+    [ -f "$drawing" ] || drawing=$work/$1.svg
+    rsvg-convert -w "$2" -h "$2" "$drawing" -o "$work/$1-$2.png"
 }
 
 # masked SOURCE SIZE GROUND: the picture for copying with white left out. What is transparent becomes white, soft
@@ -75,6 +77,12 @@ convert "$work/slices.png" -background "$face" -flatten \
 digits digits_large.bmp digits_large.txt
 digits digits_small.bmp digits_small.txt
 icon kestrum2.ico kestrum16:16 kestrum24:24 kestrum48:32 kestrum48:48
+# Kestrum Jr. has the same falcon on green, so that the two are told apart in the notification area.
+for size in 16 24 48; do
+    sed 's/#3F7FB5/#4FA55C/; s/#173F66/#1C5A2C/; s/#0F2C49/#10391B/; s/#8FC0E6/#A5DDAE/' "svg/kestrum$size.svg" \
+        >"$work/kestrum_jr$size.svg"
+done
+icon kestrum_jr.ico kestrum_jr16:16 kestrum_jr24:24 kestrum_jr48:32 kestrum_jr48:48
 icon defaulticon.ico defaulticon16:16 defaulticon32:32
 icon filter.ico filtericon16:16
 

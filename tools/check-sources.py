@@ -15,8 +15,9 @@ ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 LOWER = {"platform": [], "text": ["platform"]}
 LOWER["storage"] = LOWER["process"] = LOWER["controls"] = ["platform", "text"]
 LOWER["settings"] = ["platform", "text", "storage", "process", "controls"]
-LOWER["favorites"] = LOWER["filter"] = LOWER["graphs"] = LOWER["tray"] = LOWER["jr"] = LOWER["settings"] + ["settings"]
-LOWER["app"] = LOWER["favorites"] + ["favorites", "filter", "graphs", "tray", "jr"]
+LOWER["favorites"] = LOWER["filter"] = LOWER["graphs"] = LOWER["tray"] = LOWER["settings"] + ["settings"]
+LOWER["app"] = LOWER["favorites"] + ["favorites", "filter", "graphs", "tray"]
+LOWER["jr"] = LOWER["favorites"] + ["favorites", "tray"]  # a program of its own, beside app
 
 WINDOWS = re.compile(r"windows\.h|winuser\.h|commctrl\.h|shellapi\.h|psapi\.h|\b(HWND|HINSTANCE|HDC|HANDLE|_WIN32|WIN32|"
                      r"wchar_t|wstring|DWORD|LPARAM|WPARAM)\b|\b(unsigned )?long\b(?! name)")

@@ -14,7 +14,11 @@ constexpr int kMost = std::numeric_limits<std::int16_t>::max();
 void EnforceState::SetIntervalIndex(int index) {
     // A damaged index below 0 would apply the favourites on every tick: it counts as 0.
     const int safeIndex = std::clamp(index, 0, kMost);
-    intervalSeconds_ = static_cast<std::int16_t>(std::min(safeIndex * 10 + 10, kMost));
+    SetIntervalSeconds(safeIndex * 10 + 10);
+}
+
+void EnforceState::SetIntervalSeconds(int seconds) {
+    intervalSeconds_ = static_cast<std::int16_t>(std::clamp(seconds, 1, kMost));
 }
 
 bool EnforceState::TickDue() {

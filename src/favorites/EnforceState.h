@@ -12,6 +12,8 @@ public:
 
     // The interval from its stored index: index * 10 + 10 seconds, held within 10..32767.
     void SetIntervalIndex(int index);
+    // At least 1; beyond the range it counts as its end.
+    void SetIntervalSeconds(int seconds);
     std::int16_t IntervalSeconds() const { return intervalSeconds_; }
 
     // Counts one refresh tick of half a second, to be called while Auto Set is on; does nothing while Enforce is

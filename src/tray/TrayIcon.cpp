@@ -1,5 +1,7 @@
 #include "tray/TrayIcon.h"
 
+#include <utility>
+
 #include "controls/Resources.h"
 
 namespace tray {
@@ -8,11 +10,11 @@ namespace {
 
 constexpr std::uint32_t kIconId = 1;
 constexpr int kIconSize = 16;  // pixels
-constexpr char kTip[] = "Kestrum 2 by Tam Orrin";
 
 }  // namespace
 
-TrayIcon::TrayIcon() : icon_(platform::loadIconResource(controls::kProgramIcon, kIconSize)) {}
+TrayIcon::TrayIcon(std::string tip)
+    : icon_(platform::loadIconResource(controls::kProgramIcon, kIconSize)), tip_(std::move(tip)) {}
 
 TrayIcon::~TrayIcon() {
     Remove();
@@ -25,23 +27,28 @@ bool TrayIcon::Create(platform::Window& parent) {
 }
 
 void TrayIcon::Add_Tray() {
-    platform::trayAdd(*this, kIconId, icon_.raw(), kTip);
+    platform::trayAdd(*this, kIconId, icon_.raw(), tip_);
     // Even when the shell says no: busy at log-on it may add the icon late, and one already there is ours, too.
     added_ = true;
 }
 
 void TrayIcon::Put(const platform::IconHandle& icon) {
-    platform::trayModify(*this, kIconId, icon.raw(), kTip);
+    platform::trayModify(*this, kIconId, icon.raw(), tip_);
 }
 
 void TrayIcon::PutProgramIcon() {
     Put(icon_);
 }
 
+void TrayIcon::SetTip(const std::string& tip) {
+    tip_ = tip;
+    if (added_) platform::trayModify(*this, kIconId, 0, tip_);
+}
+
 void TrayIcon::TrayBalloon(const std::string& text, const std::string& title, platform::BalloonIcon icon) {
     platform::trayBalloon(*this, kIconId, title, text, icon);
     // The balloon stays up; this only puts the icon's tip back in force. The picture stays whatever it is.
-    platform::trayModify(*this, kIconId, 0, kTip);
+    platform::trayModify(*this, kIconId, 0, tip_);
 }
 
 void TrayIcon::Remove() {

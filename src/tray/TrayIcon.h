@@ -1,4 +1,4 @@
-// The program's icon in the notification area and its balloons.
+// A program's icon in the notification area and its balloons.
 #pragma once
 
 #include <functional>
@@ -16,7 +16,8 @@ class TrayIcon : public platform::Window {
 public:
     std::function<void(platform::TrayEvent)> Notified;
 
-    TrayIcon();
+    // `tip` is what the user reads at the icon.
+    explicit TrayIcon(std::string tip = "Kestrum 2 by Tam Orrin");
     ~TrayIcon() override;  // removes the icon
 
     // A child of the main window, never shown. False when there is no window.
@@ -28,6 +29,7 @@ public:
     // Shows another picture. The shell keeps a copy: the icon may be destroyed at once. trayModify.
     void Put(const platform::IconHandle& icon);
     void PutProgramIcon();
+    void SetTip(const std::string& tip);
     // Shows a balloon at the icon. trayBalloon, trayModify.
     void TrayBalloon(const std::string& text, const std::string& title, platform::BalloonIcon icon);
     // Takes the icon away; does nothing when it is not there. trayDelete.
@@ -38,6 +40,7 @@ protected:
 
 private:
     platform::IconHandle icon_;
+    std::string tip_;
     bool added_ = false;
 };
 
