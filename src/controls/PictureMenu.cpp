@@ -1,5 +1,7 @@
 #include "controls/PictureMenu.h"
 
+#include <deque>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -58,10 +60,16 @@ PictureHandle MakePicture(const PictureHandle& artwork, int index, bool enabled,
 class Items {
 public:
     explicit Items(std::span<const MenuEntry> entries) {
-        const PictureHandle artwork = platform::loadPictureResource(kMenuPictures);
-        pictures_.reserve(2 * entries.size());  // the items point at them
+        items_ = Make(entries, platform::loadPictureResource(kMenuPictures));
+    }
+
+    const std::vector<platform::MenuItem>& List() const { return items_; }
+
+private:
+    std::vector<platform::MenuItem> Make(std::span<const MenuEntry> entries, const PictureHandle& artwork) {
+        std::vector<platform::MenuItem> items;
         for (const MenuEntry& entry : entries) {
-            platform::MenuItem& item = items_.emplace_back();
+            platform::MenuItem& item = items.emplace_back();
             if (entry.id == 0) continue;
             item.id = entry.id;
             item.text = entry.text;
@@ -69,18 +77,17 @@ public:
             item.checked = entry.checked;
             item.picture = Keep(MakePicture(artwork, entry.picture, entry.enabled, false));
             if (entry.checked) item.checkedPicture = Keep(MakePicture(artwork, entry.picture, entry.enabled, true));
+            item.submenu = Make(entry.submenu, artwork);
         }
+        return items;
     }
 
-    const std::vector<platform::MenuItem>& List() const { return items_; }
-
-private:
     const PictureHandle* Keep(PictureHandle picture) {
         return picture ? &pictures_.emplace_back(std::move(picture)) : nullptr;
     }
 
     std::vector<platform::MenuItem> items_;
-    std::vector<PictureHandle> pictures_;
+    std::deque<PictureHandle> pictures_;  // which stay where they are: the items point at them
 };
 
 }  // namespace

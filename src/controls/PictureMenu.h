@@ -2,6 +2,8 @@
 #pragma once
 
 #include <span>
+#include <string>
+#include <vector>
 
 #include "platform/Geometry.h"
 #include "platform/Window.h"
@@ -10,10 +12,12 @@ namespace controls {
 
 struct MenuEntry {
     int id = 0;  // 0: a separator, whose other fields say nothing
-    const char* text = nullptr;
+    std::string text = {};
     int picture = -1;  // which of the menu pictures (Resources.h); below 0 for none
     bool enabled = true;
     bool checked = false;
+    std::vector<MenuEntry> submenu =
+        {};  // not empty: the entry opens this menu; its id only has to be no separator's
 };
 
 // Shows the menu at a point of the screen and waits for the user, while timers go on. Gives the id chosen, 0 when

@@ -21,6 +21,8 @@ struct MenuItem {
     // must live as long as the menu is shown and are as large as menuPictureSize says; nullptr for none.
     const PictureHandle* picture = nullptr;
     const PictureHandle* checkedPicture = nullptr;
+    // Not empty: the item opens this menu and can't be chosen itself; its id only has to be no separator's.
+    std::vector<MenuItem> submenu = {};
 };
 
 // Pixels of a picture in place of a check mark. GetSystemMetrics (SM_CXMENUCHECK, SM_CYMENUCHECK).

@@ -12,6 +12,12 @@ using sim::machine;
 
 namespace {
 
+bool offers(const std::vector<MenuItem>& items, int id) {
+    return std::any_of(items.begin(), items.end(), [id](const MenuItem& item) {
+        return item.enabled && (item.submenu.empty() ? item.id == id : offers(item.submenu, id));
+    });
+}
+
 // What the test's user chooses; 0 without a script.
 int answer(const std::vector<MenuItem>& items) {
     auto& scripts = machine().desktop.menuScripts;
@@ -19,8 +25,7 @@ int answer(const std::vector<MenuItem>& items) {
     const auto script = std::move(scripts.front());
     scripts.pop_front();
     const int id = script(items);
-    const auto offers = [id](const MenuItem& item) { return item.id == id && item.enabled; };
-    if (id != 0 && std::none_of(items.begin(), items.end(), offers)) {
+    if (id != 0 && !offers(items, id)) {
         sim::fail(("the menu does not offer " + std::to_string(id) + ", or greyed").c_str());
     }
     return id;

@@ -1,6 +1,8 @@
 #include "platform/Menu.h"
 
 #include <algorithm>
+#include <memory>
+#include <utility>
 
 #include "platform/Window.h"
 #include "platform/win32/Bitmap.h"
@@ -41,7 +43,7 @@ public:
         : menu_(reinterpret_cast<std::uintptr_t>(CreatePopupMenu())) {
         UINT position = 0;
         for (const MenuItem& item : items) {
-            if (!AppendMenuA(native(), flagsOf(item), static_cast<UINT_PTR>(item.id), item.text.c_str())) continue;
+            if (!append(item)) continue;
             setPictures(position, item);
             ++position;
         }
@@ -50,6 +52,18 @@ public:
     HMENU native() const { return reinterpret_cast<HMENU>(menu_.raw()); }
 
 private:
+    bool append(const MenuItem& item) {
+        if (item.submenu.empty()) {
+            return AppendMenuA(native(), flagsOf(item), static_cast<UINT_PTR>(item.id), item.text.c_str()) != FALSE;
+        }
+        auto submenu = std::make_unique<PopupMenu>(item.submenu);
+        const auto handle = reinterpret_cast<UINT_PTR>(submenu->native());
+        if (!AppendMenuA(native(), flagsOf(item) | MF_POPUP, handle, item.text.c_str())) return false;
+        submenu->menu_.release();  // goes with this menu from here on
+        submenus_.push_back(std::move(submenu));
+        return true;
+    }
+
     void setPictures(UINT position, const MenuItem& item) {
         if (item.id == 0) return;
         const HBITMAP plain = keep(menuPicture(item.picture));
@@ -65,7 +79,8 @@ private:
     }
 
     std::vector<PictureHandle> pictures_;
-    MenuHandle menu_;  // goes first
+    std::vector<std::unique_ptr<PopupMenu>> submenus_;  // for their pictures
+    MenuHandle menu_;                                   // goes first
 };
 
 }  // namespace
