@@ -36,6 +36,8 @@ Form1::Form1()
           {*this, toolBar1_, msgBoxes_, tips_, messages_, refresh_, slots_, busy_, favorites_, filter_, options_}),
       processCommands_({*this, processList_, toolBar1_, toolBar2_, affinityBoxes_, cmboPriority_, messages_,
                         refresh_, slots_, commands_, filterCommands_, favorites_, access_, settings_, options_}),
+      profileCommands_(
+          {*this, messages_, refresh_, slots_, commands_, filterCommands_, favorites_, enforce_, options_}),
       trayCommands_({*this, trayIcon_, slots_, busy_, toolBar1_, commands_, gauges_}) {}
 
 // The window goes before the parts that its handlers would reach.
@@ -154,6 +156,12 @@ void Form1::ToolBar1Clicked(int index) {
         case button::kEnforce:
             commands_.EnforceToggled();
             break;
+        case button::kFavoriteProfiles:
+            profileCommands_.ShowProfileMenu(BelowButton(index));
+            break;
+        case button::kKestrumJr:
+            profileCommands_.ShowJrMenu(BelowButton(index));
+            break;
         case button::kViewHelp:
             ViewHelp();
             break;
@@ -165,8 +173,18 @@ void Form1::ToolBar1Clicked(int index) {
     }
 }
 
+// Where the menu of a button comes up, on the screen.
+platform::Point Form1::BelowButton(int index) const {
+    const Rect area = toolBar1_.ButtonRect(index);
+    return toolBar1_.toScreen({area.left, area.bottom});
+}
+
 void Form1::FavoritesKey(std::uint16_t code) {
     if (code == platform::key::kDelete && favorites_.AnySelected()) commands_.RemoveFavorites();
+    if (code == platform::key::kEnter) profileCommands_.Launch();
+    if (code == platform::key::kApps) {
+        profileCommands_.ShowFavoritesMenu(favoritesControl_.toScreen({40, favoritesControl_.HeaderHeight() + 20}));
+    }
 }
 
 void Form1::ViewHelp() {

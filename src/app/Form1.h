@@ -12,6 +12,7 @@
 #include "app/MainToolBars.h"
 #include "app/Messages.h"
 #include "app/ProcessCommands.h"
+#include "app/ProfileCommands.h"
 #include "app/RefreshCycle.h"
 #include "app/SingleInstance.h"
 #include "app/Splitter.h"
@@ -88,6 +89,7 @@ private:
     bool CreateLists();
     void WireEvents();
     void WireProcessCommands();
+    void WireFavorites();
     void WireLists();
     void WireTips();
     process::TipText TipOfProcess(int row);
@@ -111,6 +113,7 @@ private:
 
     // Form1.cpp
     void ToolBar1Clicked(int index);
+    platform::Point BelowButton(int index) const;
     void FavoritesKey(std::uint16_t code);
     void ViewHelp();
     platform::Pointer DragOver() const;
@@ -154,6 +157,7 @@ private:
     FavoriteCommands commands_;
     FilterCommands filterCommands_;
     ProcessCommands processCommands_;
+    ProfileCommands profileCommands_;
     TrayCommands trayCommands_;
 
     MainParts parts_;

@@ -2,14 +2,14 @@
 
 namespace app {
 
-void Messages::Tell(const std::string& text) {
+void Messages::Tell(const std::string& text, const std::string& title) {
     const BusyGuard guard(busy_);
-    msgBoxes_.Show(text, controls::MsgStyle::Information, kInfoTitle, window_, options_.messageBeep);
+    msgBoxes_.Show(text, controls::MsgStyle::Information, title, window_, options_.messageBeep);
 }
 
-bool Messages::Ask(const std::string& question) {
+bool Messages::Ask(const std::string& question, const std::string& title) {
     const BusyGuard guard(busy_);
-    return msgBoxes_.Show(question, controls::MsgStyle::Question, kInfoTitle, window_, options_.messageBeep) ==
+    return msgBoxes_.Show(question, controls::MsgStyle::Question, title, window_, options_.messageBeep) ==
            controls::kMsgYes;
 }
 

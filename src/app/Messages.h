@@ -22,9 +22,9 @@ public:
         : window_(window), busy_(busy), msgBoxes_(msgBoxes), options_(options) {}
 
     // A note with an OK button.
-    void Tell(const std::string& text);
+    void Tell(const std::string& text, const std::string& title = kInfoTitle);
     // A question; true for Yes.
-    bool Ask(const std::string& question);
+    bool Ask(const std::string& question, const std::string& title = kInfoTitle);
 
 private:
     platform::Window& window_;

@@ -48,6 +48,7 @@ Form1::StartResult Form1::Start() {
         destroy();
         return StartResult::Duplicate;
     }
+    CloseJr();
     access_.EnableDebugPrivilege(true);
     access_.SetPriorityClass(platform::currentProcessId(), process::kAboveNormalPriority);
     if (settings_.Number(Key::Shadow) == 1) addDropShadow();
@@ -107,9 +108,7 @@ bool Form1::CreateToolBars() {
         toolBar1_.SetSeperator(true);
     }
     // What this build cannot do yet.
-    for (const int index : {button::kSetOptions, button::kFavoriteProfiles, button::kKestrumJr}) {
-        toolBar1_.SetUnavailable(index, true);
-    }
+    toolBar1_.SetUnavailable(button::kSetOptions, true);
 
     toolBar2_.SetSize24(false);
     toolBar2_.SetImages(platform::loadPictureResource(controls::kToolBar2Pictures), kToolBar2Tips.size());
@@ -168,6 +167,7 @@ void Form1::WireEvents() {
     toolBar1_.Click = [this](int index) { ToolBar1Clicked(index); };
     splitter_.Moved = [this](int left) { MoveSplitter(left); };
     WireProcessCommands();
+    WireFavorites();
     WireLists();
     WireTips();
 }
@@ -186,6 +186,16 @@ void Form1::WireProcessCommands() {
     };
 }
 
+void Form1::WireFavorites() {
+    favoritesControl_.FilesDropped = [this](const std::vector<std::string>& paths) { commands_.AddDropped(paths); };
+    favoritesControl_.KeyClick = [this](std::uint16_t code) { FavoritesKey(code); };
+    favoritesControl_.DblClick = [this](int) { profileCommands_.Launch(); };
+    favoritesControl_.Click = [this](int button) {
+        if (button == kRightButton) profileCommands_.ShowFavoritesMenu(platform::pointerPosition());
+    };
+    profileCommands_.Exit = [this] { Exit(); };
+}
+
 void Form1::WireLists() {
     processList_.HeaderClick = [this](int column) { refresh_.SetSort(column, processList_.HeaderSortDir()); };
     processList_.DrawIcon = [this](platform::Canvas& canvas, platform::Point at, int row) {
@@ -194,8 +204,6 @@ void Form1::WireLists() {
     favoritesControl_.HeaderClick = [this](int column) {
         favorites_.SetSort(column, favoritesControl_.HeaderSortDir());
     };
-    favoritesControl_.FilesDropped = [this](const std::vector<std::string>& paths) { commands_.AddDropped(paths); };
-    favoritesControl_.KeyClick = [this](std::uint16_t code) { FavoritesKey(code); };
 }
 
 void Form1::WireTips() {

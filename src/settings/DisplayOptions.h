@@ -11,6 +11,7 @@ struct DisplayOptions {
     platform::Color trayColor = 0;
     platform::Color trayBorder = 0;  // of the bar
     bool showTips = true;            // balloons over controls
+    bool launchFavorites = false;    // by a double click
     bool messageBeep = true;         // a sound with every message box
     bool showExtensions = true;      // of the programs in the process list
     bool showFileTips = true;        // what a process is about, over its row
