@@ -15,7 +15,7 @@ public:
     std::function<void()> Cancelled;  // Escape was pressed
     std::function<void()> FocusLost;  // any of the three may hide or destroy the box
 
-    // A child of `parent`, created hidden. Class "EDIT" (CreateWindowExA); its text is empty. False on failure.
+    // A child of `parent`, created hidden. Class "EDIT" (CreateWindowExW); its text is empty. False on failure.
     bool createBox(Window& parent, const Rect& bounds);
     void selectAll();  // EM_SETSEL
 };

@@ -120,9 +120,9 @@ private:
 };
 
 // Runs until postQuit; gives its code. A window that throws ends the program: handlers must not.
-int runMessageLoop();     // GetMessageA, DispatchMessageA
+int runMessageLoop();     // GetMessageW, DispatchMessageW
 void postQuit(int code);  // PostQuitMessage
-// Dispatches what is waiting, then returns. PeekMessageA.
+// Dispatches what is waiting, then returns. PeekMessageW.
 void pumpMessages();
 // Shows a dialog, with its owner disabled, and runs until it is destroyed or hidden.
 void runModal(Window& dialog, Window& owner);

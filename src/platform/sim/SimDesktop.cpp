@@ -27,8 +27,10 @@ void collectTabStops(const WindowRecord& parent, std::vector<std::uintptr_t>& st
 
 std::uintptr_t focusWhenActivated(const WindowRecord& window) {
     if (window.lastFocus != window.native && holds(window, window.lastFocus)) {
-        const WindowPointer last = findRecord(window.lastFocus);
-        if (takesInput(*last)) return window.lastFocus;
+        // What was hidden meanwhile leaves it to what holds it.
+        WindowPointer last = findRecord(window.lastFocus);
+        while (last->kind == WindowKind::Child && !last->shown) last = findRecord(last->parent);
+        if (last->native != window.native && takesInput(*last)) return last->native;
     }
     std::vector<std::uintptr_t> stops;
     if (window.kind == WindowKind::Dialog) collectTabStops(window, stops);
@@ -104,19 +106,15 @@ Frame frameOf(WindowKind kind) {
     return {};
 }
 
-Frame frameOf(const WindowRecord& record) {
-    return record.textBox ? Frame{1, 1} : frameOf(record.kind);
-}
-
 Size clientSizeOf(const WindowRecord& record) {
     if (record.state == WindowState::Minimized) return {};
-    const Frame frame = frameOf(record);
+    const Frame frame = frameOf(record.kind);
     return {std::max(0, record.bounds.width() - 2 * frame.side),
             std::max(0, record.bounds.height() - frame.top - frame.side)};
 }
 
 Point clientOrigin(const WindowRecord& record) {
-    const Frame frame = frameOf(record);
+    const Frame frame = frameOf(record.kind);
     Point origin{record.bounds.left + frame.side, record.bounds.top + frame.top};
     if (record.kind != WindowKind::Child) return origin;
     if (const WindowPointer parent = findRecord(record.parent)) {

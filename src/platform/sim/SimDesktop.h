@@ -44,7 +44,6 @@ struct Frame {
     int top = 0;
 };
 Frame frameOf(WindowKind kind);
-Frame frameOf(const WindowRecord& record);
 
 WindowPointer findRecord(std::uintptr_t native);      // null when it is gone
 WindowPointer topLevel(const WindowPointer& inside);  // the window that holds it, itself when it is top-level

@@ -143,4 +143,14 @@ std::optional<std::string> longPathName(const std::string& path) {
     return std::string(longPath, length);
 }
 
+std::optional<FileStamp> fileStamp(const std::string& path) {
+    WIN32_FILE_ATTRIBUTE_DATA found{};
+    if (namesNothing(path) || !GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &found))
+        return std::nullopt;
+    if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return std::nullopt;
+    const auto whole = [](DWORD high, DWORD low) { return std::uint64_t{high} << 32 | low; };
+    return FileStamp{whole(found.ftLastWriteTime.dwHighDateTime, found.ftLastWriteTime.dwLowDateTime),
+                     whole(found.nFileSizeHigh, found.nFileSizeLow)};
+}
+
 }  // namespace platform

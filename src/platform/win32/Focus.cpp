@@ -28,8 +28,12 @@ void rememberFocus(HWND hwnd, WindowData& data) {
 }
 
 bool restoreFocus(HWND hwnd, WindowData& data) {
-    const HWND focus = data.focusToRestore;
+    HWND focus = data.focusToRestore;
     data.focusToRestore = nullptr;
+    // What was hidden meanwhile leaves it to what holds it, as it does when it is hidden with the focus.
+    while (focus != nullptr && IsChild(hwnd, focus) && (GetWindowLongA(focus, GWL_STYLE) & WS_VISIBLE) == 0) {
+        focus = GetParent(focus);
+    }
     if (focus == nullptr || !IsChild(hwnd, focus)) return false;
     SetFocus(focus);
     return true;

@@ -1,4 +1,5 @@
-// The message loop, modal dialogs, and where the wheel goes.
+// The message loop, modal dialogs, and where the wheel goes. Messages are taken as Unicode, for the sake of what is
+// typed into text boxes; windows that do not speak it are sent theirs in the code page.
 #include "platform/Window.h"
 #include "platform/win32/Win32.h"
 #include "platform/win32/WindowData.h"
@@ -20,7 +21,7 @@ void routeWheel(MSG& message) {
 void dispatch(MSG& message) {
     routeWheel(message);
     TranslateMessage(&message);
-    DispatchMessageA(&message);
+    DispatchMessageW(&message);
 }
 
 void beginModal(HWND dialog, HWND owner) {
@@ -45,7 +46,7 @@ void endModal(WindowData& data) {
 
 int runMessageLoop() {
     MSG message{};
-    while (GetMessageA(&message, nullptr, 0, 0) > 0) dispatch(message);
+    while (GetMessageW(&message, nullptr, 0, 0) > 0) dispatch(message);
     return static_cast<int>(message.wParam);
 }
 
@@ -55,7 +56,7 @@ void postQuit(int code) {
 
 void pumpMessages() {
     MSG message{};
-    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
         if (message.message == WM_QUIT) {
             PostQuitMessage(static_cast<int>(message.wParam));  // for the loop that waits for it
             return;
@@ -72,7 +73,7 @@ void runModal(Window& dialog, Window& owner) {
     // Asked by handle: a dialog's object may be gone when its window is.
     MSG message{};
     while (IsWindow(hwnd) && IsWindowVisible(hwnd)) {
-        const BOOL got = GetMessageA(&message, nullptr, 0, 0);
+        const BOOL got = GetMessageW(&message, nullptr, 0, 0);
         if (got <= 0) {
             if (got == 0) PostQuitMessage(static_cast<int>(message.wParam));
             break;

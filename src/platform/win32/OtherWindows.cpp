@@ -31,4 +31,10 @@ std::optional<WindowFacts> windowFacts(std::uintptr_t window) {
     return facts;
 }
 
+void postClose(std::uintptr_t window) {
+    const auto hwnd = reinterpret_cast<HWND>(window);
+    // What is no window may stand for all of them.
+    if (IsWindow(hwnd)) PostMessageA(hwnd, WM_CLOSE, 0, 0);
+}
+
 }  // namespace platform

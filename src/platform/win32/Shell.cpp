@@ -9,6 +9,15 @@
 
 namespace platform {
 
+namespace {
+
+// The shell would take the part before it.
+bool hasNul(const std::string& text) {
+    return text.find('\0') != std::string::npos;
+}
+
+}  // namespace
+
 std::optional<std::string> chooseFile(Window& owner, const std::string& title, const std::vector<FileType>& types) {
     std::string filter;  // pairs of label and pattern, each ended by a NUL, and one more NUL
     for (const FileType& type : types) filter += type.label + '\0' + type.pattern + '\0';
@@ -31,10 +40,17 @@ std::optional<std::string> chooseFile(Window& owner, const std::string& title, c
 }
 
 bool openDocument(Window& owner, const std::string& path) {
-    if (path.empty() || path.find('\0') != std::string::npos) return false;
+    return launch(owner, path, std::nullopt, {});
+}
+
+bool launch(Window& owner, const std::string& file, const std::optional<std::string>& parameters,
+            const std::string& folder) {
+    if (file.empty() || hasNul(file) || hasNul(folder) || (parameters && hasNul(*parameters))) return false;
+    const char* passed = parameters ? parameters->c_str() : nullptr;
+    const char* where = folder.empty() ? nullptr : folder.c_str();
     // Results up to 32 are errors.
-    const auto result = reinterpret_cast<INT_PTR>(
-        ShellExecuteA(hwndOf(owner), "open", path.c_str(), nullptr, nullptr, SW_SHOWNORMAL));
+    const auto result =
+        reinterpret_cast<INT_PTR>(ShellExecuteA(hwndOf(owner), "open", file.c_str(), passed, where, SW_SHOWNORMAL));
     return result > 32;
 }
 
