@@ -27,6 +27,8 @@ void doubleClick(platform::Window& window, platform::Point at);  // left: down, 
 void wheel(platform::Window& window, platform::Point at, int delta);
 // A key goes down and up again in the window that has the focus.
 void pressKey(std::uint16_t code, platform::Modifiers modifiers = {});
+// Types into the window that has the focus.
+void typeText(const std::string& text);
 void closeBox(platform::Window& window);
 // Lets the user drag the frame of a main window to these bounds.
 void dragFrame(platform::Window& window, const platform::Rect& bounds);
@@ -45,6 +47,8 @@ void trayEvent(platform::Window& owner, std::uint32_t iconId, platform::TrayEven
 // or dismisses it. The menu stays up long enough for a timer of 10 ms to fire.
 void answerMenu(int downs);
 void dismissMenu();
+// The same with an item that opens a menu of its own, and the `inside`-th item of that.
+void answerSubmenu(int downs, int inside);
 
 // A program file that has an icon.
 std::string programWithIcon();

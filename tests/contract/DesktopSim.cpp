@@ -47,6 +47,10 @@ void pressKey(std::uint16_t code, platform::Modifiers modifiers) {
     sim::pressKey(code, modifiers);
 }
 
+void typeText(const std::string& text) {
+    sim::typeText(text);
+}
+
 void closeBox(Window& window) {
     sim::closeBox(window);
 }
@@ -80,13 +84,26 @@ void trayEvent(Window&, std::uint32_t, platform::TrayEvent event) {
     sim::trayEvent(event);
 }
 
+namespace {
+
+// The item that so many steps down lead to; separators are passed over.
+platform::MenuItem itemAt(const std::vector<platform::MenuItem>& items, int downs) {
+    int passed = 0;
+    for (const platform::MenuItem& item : items) {
+        if (item.id != 0 && ++passed == downs) return item;
+    }
+    return {};
+}
+
+}  // namespace
+
 void answerMenu(int downs) {
-    sim::whenMenu([downs](const std::vector<platform::MenuItem>& items) {
-        int passed = 0;
-        for (const platform::MenuItem& item : items) {
-            if (item.id != 0 && ++passed == downs) return item.id;
-        }
-        return 0;
+    sim::whenMenu([downs](const std::vector<platform::MenuItem>& items) { return itemAt(items, downs).id; });
+}
+
+void answerSubmenu(int downs, int inside) {
+    sim::whenMenu([=](const std::vector<platform::MenuItem>& items) {
+        return itemAt(itemAt(items, downs).submenu, inside).id;
     });
 }
 

@@ -134,6 +134,15 @@ void pressKey(std::uint16_t code, platform::Modifiers modifiers) {
     holdAll({});
 }
 
+void typeText(const std::string& text) {
+    std::vector<wchar_t> units(text.size());
+    const int count = MultiByteToWideChar(CP_ACP, 0, text.data(), static_cast<int>(text.size()), units.data(),
+                                          static_cast<int>(units.size()));
+    units.resize(static_cast<std::size_t>(count));
+    for (const wchar_t unit : units) PostMessageW(GetFocus(), WM_CHAR, unit, 1);
+    platform::pumpMessages();
+}
+
 void closeBox(Window& window) {
     SendMessageA(hwndOf(window), WM_SYSCOMMAND, SC_CLOSE, 0);
 }
@@ -189,6 +198,15 @@ void trayEvent(Window& owner, std::uint32_t iconId, platform::TrayEvent event) {
 
 void answerMenu(int downs) {
     std::vector<WPARAM> keys(static_cast<std::size_t>(downs), VK_DOWN);
+    keys.push_back(VK_RETURN);
+    typeWhenMenuIsUp(std::move(keys));
+}
+
+// Opened with the right arrow, a menu has its first item selected.
+void answerSubmenu(int downs, int inside) {
+    std::vector<WPARAM> keys(static_cast<std::size_t>(downs), VK_DOWN);
+    keys.push_back(VK_RIGHT);
+    keys.insert(keys.end(), static_cast<std::size_t>(inside - 1), VK_DOWN);
     keys.push_back(VK_RETURN);
     typeWhenMenuIsUp(std::move(keys));
 }

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "contract/Machine.h"
+#include "platform/Clock.h"
 #include "platform/CodePage.h"
 
 using Names = std::vector<std::string>;
@@ -68,6 +69,27 @@ TEST_CASE("what is no file cannot be read, written or deleted") {
         CHECK_FALSE(platform::moveFileOver(scratch + "file", path));
     }
     CHECK(platform::readFile(scratch + "file") == "content");
+}
+
+TEST_CASE("a stamp tells states of a file apart") {
+    contract::freshMachine();
+    const std::string path = contract::scratchFolder() + "file.txt";
+    CHECK_FALSE(platform::fileStamp(path));
+    CHECK_FALSE(platform::fileStamp(contract::scratchFolder()));
+    constexpr std::uint64_t kMinute = 600'000'000;
+    const std::uint64_t before = platform::systemTime() - kMinute;
+    REQUIRE(platform::writeFile(path, "first"));
+    const auto first = platform::fileStamp(path);
+    REQUIRE(first);
+    CHECK(first->size == 5);
+    CHECK(first->lastWrite > before);
+    CHECK(first->lastWrite < before + 2 * kMinute);
+    CHECK(platform::fileStamp(path) == first);
+    REQUIRE(platform::writeFile(path, "longer than first"));
+    CHECK(platform::fileStamp(path) != first);
+    const auto second = platform::fileStamp(path);
+    REQUIRE(platform::moveFileOver(path, path + ".moved"));
+    CHECK(platform::fileStamp(path + ".moved") == second);
 }
 
 TEST_CASE("a file takes another's place in one step") {

@@ -32,6 +32,12 @@ TEST_CASE("a menu gives the item that was chosen") {
         contract::answerMenu(4);
         CHECK(showMenu(desk.main, {screenSize().width, screenSize().height}, items) == 40);
     }
+    SUBCASE("one of a menu inside the menu, pictures and all") {
+        MenuItem outer{50, "More"};
+        outer.submenu = items;
+        contract::answerSubmenu(2, 3);
+        CHECK(showMenu(desk.main, at, {{10, "First"}, outer}) == 30);
+    }
     SUBCASE("none when it is dismissed, and none of an empty menu") {
         contract::dismissMenu();
         CHECK(showMenu(desk.main, at, items) == 0);

@@ -44,3 +44,18 @@ TEST_CASE("what any window tells of itself") {
     CHECK_FALSE(windowFacts(gone));
     CHECK_FALSE(windowFacts(0));
 }
+
+TEST_CASE("a window asked to close is asked when messages run") {
+    Desk desk;
+    desk.main.keepOpen = true;
+    postClose(desk.main.native());
+    postClose(0);
+    CHECK_FALSE(has(desk.log, "main close"));
+    pumpMessages();
+    CHECK(count(desk.log, "main close") == 1);
+    desk.main.keepOpen = false;
+    postClose(desk.main.native());
+    postClose(desk.main.native());  // by then it is gone
+    pumpMessages();
+    CHECK_FALSE(desk.main.exists());
+}

@@ -1,6 +1,8 @@
 // What icons, balloons and shadows owe to Windows' own ways: messages of the notification area that say nothing,
 // the tooltip control's own view of its tools, and class styles.
 #include "contract/Probe.h"
+#include "platform/Files.h"
+#include "platform/Shell.h"
 #include "platform/Tooltip.h"
 #include "platform/Tray.h"
 #include "platform/win32/Win32.h"
@@ -107,4 +109,16 @@ TEST_CASE("a shadow falls behind a window's class and the dialogs above it") {
         const DWORD style = GetClassLongA(hwndOf(*window), GCL_STYLE);
         SetClassLongA(hwndOf(*window), GCL_STYLE, static_cast<LONG>(style & ~DWORD{CS_DROPSHADOW}));
     }
+}
+
+TEST_CASE("what is launched gets its parameters and works in its folder") {
+    Desk desk;
+    const std::string folder = contract::scratchFolder();
+    const auto started = [&folder] { return readFile(folder + "started.txt").value_or(""); };
+    REQUIRE(writeFile(folder + "run it.bat", "@echo %1-%2>started.txt\r\n"));
+    REQUIRE(launch(desk.main, "run it.bat", "one two", folder));
+    CHECK(waitFor([&] { return started() == "one-two\r\n"; }));
+    CHECK_FALSE(launch(desk.main, "missing.bat", std::nullopt, folder));
+    CHECK_FALSE(launch(desk.main, "", std::nullopt, folder));
+    CHECK_FALSE(launch(desk.main, std::string("run it.bat\0.txt", 15), std::nullopt, folder));
 }
