@@ -17,8 +17,10 @@ bool FavoriteCommands::SetFavs() {
         const platform::BusyPointer pointer;
         parts_.toolBar.EnableButton(button::kSetFavoritesNow, false);
         result = favorites::ApplyFavorites(parts_.favorites.Rows(), parts_.refresh.Snapshot(), parts_.access);
-        if (result.changed && parts_.window.state() != platform::WindowState::Minimized) {
+        if (result.changed && !parts_.refresh.ListRests()) {
             parts_.refresh.FullRebuild();
+        } else if (result.changed && parts_.window.state() != platform::WindowState::Minimized) {
+            parts_.refresh.ForceRebuild();  // as soon as the rows may change again
         }
         // While Auto Set is on, setting them by hand has nothing to add.
         parts_.toolBar.EnableButton(button::kSetFavoritesNow, !AutoSetPressed());
@@ -61,7 +63,7 @@ void FavoriteCommands::BrowseForFavorite() {
         const BusyGuard guard(parts_.busy);
         path = platform::chooseFile(parts_.window, "Add Files to Favorites", {{"*.Exe, *.Scr", "*.exe;*.scr"}});
     }
-    if (path) AddFav(*path);
+    if (path && parts_.window.exists()) AddFav(*path);
 }
 
 void FavoriteCommands::AddDropped(const std::vector<std::string>& paths) {

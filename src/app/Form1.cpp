@@ -38,6 +38,7 @@ Form1::Form1()
                         refresh_, slots_, commands_, filterCommands_, favorites_, access_, settings_, options_}),
       profileCommands_(
           {*this, messages_, refresh_, slots_, commands_, filterCommands_, favorites_, enforce_, options_}),
+      paramEditor_(favoritesControl_, favorites_, slots_, messages_, tips_),
       trayCommands_({*this, trayIcon_, slots_, busy_, toolBar1_, commands_, gauges_}) {}
 
 // The window goes before the parts that its handlers would reach.
@@ -182,6 +183,7 @@ platform::Point Form1::BelowButton(int index) const {
 void Form1::FavoritesKey(std::uint16_t code) {
     if (code == platform::key::kDelete && favorites_.AnySelected()) commands_.RemoveFavorites();
     if (code == platform::key::kEnter) profileCommands_.Launch();
+    if (code == platform::key::kF2 && favorites_.AnySelected()) paramEditor_.Edit();
     if (code == platform::key::kApps) {
         profileCommands_.ShowFavoritesMenu(favoritesControl_.toScreen({40, favoritesControl_.HeaderHeight() + 20}));
     }

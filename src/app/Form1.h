@@ -11,6 +11,7 @@
 #include "app/MainLayout.h"
 #include "app/MainToolBars.h"
 #include "app/Messages.h"
+#include "app/ParamEditor.h"
 #include "app/ProcessCommands.h"
 #include "app/ProfileCommands.h"
 #include "app/RefreshCycle.h"
@@ -158,6 +159,7 @@ private:
     FilterCommands filterCommands_;
     ProcessCommands processCommands_;
     ProfileCommands profileCommands_;
+    ParamEditor paramEditor_;
     TrayCommands trayCommands_;
 
     MainParts parts_;

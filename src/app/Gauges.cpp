@@ -30,7 +30,7 @@ bool Gauges::Create(platform::Window& parent, controls::BalloonTips& tips) {
 // A tip says what was true when it was made, so each visit of the pointer gets a new one.
 void Gauges::Explain(controls::ProgressBar& bar, controls::BalloonTips& tips, process::TipText (*read)()) {
     bar.Hover = [&bar, &tips, read] {
-        if (tips.ShownFor(bar)) return;
+        if (!tips.Enabled() || tips.ShownFor(bar)) return;
         const process::TipText tip = read();
         tips.Show(tip.text, bar, tip.title, false);
     };

@@ -183,7 +183,13 @@ void ProcessCommands::ShowMenu(platform::Point at) {
     };
     std::span<const MenuEntry> shown = entries;
     if (parts_.list.ListCount() == 0) shown = shown.subspan(4, 1);  // only the dialog needs no row
-    Run(controls::ShowPictureMenu(parts_.window, at, shown));
+    int chosen = 0;
+    {
+        // What is chosen is for the processes that were selected when the menu came up.
+        const HeldRows held(parts_.refresh);
+        chosen = controls::ShowPictureMenu(parts_.window, at, shown);
+    }
+    Run(chosen);
 }
 
 void ProcessCommands::Key(std::uint16_t code) {

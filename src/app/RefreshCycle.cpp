@@ -67,17 +67,17 @@ void RefreshCycle::ProcTimer() {
     } else {
         const bool rebuilt = host_.AutoSetPressed() && host_.SetFavs();
         if (!rebuilt && !ListRests()) FullRebuild();
-        if (!list_.Dragging()) watch_.TickDone();  // else the list is still to be rebuilt
+        if (!RowsHeld()) watch_.TickDone();  // else the list is still to be rebuilt
     }
     if (host_.AutoSetPressed() && enforce_.TickDue()) host_.SetFavs();
 }
 
-// Nobody sees the list, or its rows must stay what they are until the user has dropped them.
 bool RefreshCycle::ListRests() const {
-    return host_.Minimized() || list_.Dragging();
+    return host_.Minimized() || RowsHeld();
 }
 
 void RefreshCycle::FullRebuild() {
+    if (!list_.exists()) return;  // the program ended inside a call of ours
     {
         const PausedSlot pause(slots_, Slot::Process, kRefreshMilliseconds);
         const FrozenList frozen(list_);

@@ -91,6 +91,8 @@ public:
     void SetSort(int column, bool ascending);
     // The icon handle of a displayed row, for the list to draw.
     std::uintptr_t IconOfRow(int displayRow) const;
+    // The rows stay what they are for now: nobody sees them, or the user is about to do something with them.
+    bool ListRests() const;
     // The process of a displayed row.
     platform::ProcessId ProcessOfRow(int displayRow) const;
     // At the end of the program; nothing may be refreshed afterwards.
@@ -98,10 +100,11 @@ public:
     void ReleaseIcons();
 
 private:
+    friend class HeldRows;
     void FastUpdate();
     void AddRow(int row);
     void AppendProcesses();
-    bool ListRests() const;
+    bool RowsHeld() const { return holds_ > 0 || list_.Dragging(); }
     std::string RowText(std::string_view fileName, platform::ProcessId id) const;
     void SaveSelection();
     bool RestoreSelection();
@@ -127,6 +130,19 @@ private:
     std::string rowText_;
     int sortColumn_ = 0;
     bool sortAscending_ = true;
+    int holds_ = 0;
+};
+
+// Keeps rows and selection of the process list as they are while it lives; Auto Set goes on.
+class HeldRows {
+public:
+    explicit HeldRows(RefreshCycle& cycle) : cycle_(cycle) { ++cycle_.holds_; }
+    ~HeldRows() { --cycle_.holds_; }
+    HeldRows(const HeldRows&) = delete;
+    HeldRows& operator=(const HeldRows&) = delete;
+
+private:
+    RefreshCycle& cycle_;
 };
 
 }  // namespace app

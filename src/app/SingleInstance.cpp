@@ -12,7 +12,9 @@ constexpr char kWakeUp[] = "WakeUp";
 
 std::uintptr_t FindMailbox() {
     for (const std::uintptr_t window : platform::topLevelWindowNumbers()) {
-        if (const std::uintptr_t mailbox = platform::windowProperty(window, kProperty)) return mailbox;
+        // Any program can put this property on its windows; a mailbox is a child of the window that names it.
+        const std::uintptr_t mailbox = platform::windowProperty(window, kProperty);
+        if (mailbox != 0 && platform::parentWindow(mailbox) == window) return mailbox;
     }
     return 0;
 }

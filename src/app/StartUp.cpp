@@ -23,7 +23,7 @@ constexpr const char* kProcessHeader =
     "PID,2,False,0,2,False,0,40|CPU %,2,False,0,2,False,0,60|Mem(KB),1,False,0,2,False,0,70|"
     ",2,False,0,2,False,16777215,0";
 constexpr int kProcessColumns = 7;
-constexpr int kRightButton = 2;  // code of a click in a list
+constexpr int kRightButton = 2, kMiddleButton = 4;  // codes of clicks in a list
 
 // The last column is the filler, which is never shown.
 controls::UcListProperties ListProperties(const char* header, int columns, int shown) {
@@ -153,7 +153,7 @@ bool Form1::CreateLists() {
     favoritesControl_.ReadProperties(ListProperties(favorites::kFavoritesHeader, favorites::kFavoritesColumnCount,
                                                     favorites::kFavoritesColumnMaxSeen));
     favoritesControl_.acceptFiles(true);
-    return true;
+    return paramEditor_.Create();
 }
 
 void Form1::WireEvents() {
@@ -192,6 +192,7 @@ void Form1::WireFavorites() {
     favoritesControl_.DblClick = [this](int) { profileCommands_.Launch(); };
     favoritesControl_.Click = [this](int button) {
         if (button == kRightButton) profileCommands_.ShowFavoritesMenu(platform::pointerPosition());
+        if (button == kMiddleButton) paramEditor_.Edit();
     };
     profileCommands_.Exit = [this] { Exit(); };
 }

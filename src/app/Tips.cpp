@@ -18,7 +18,7 @@ void ExplainRows(controls::UcList1& list, std::function<process::TipText(int row
                  controls::BalloonTips& tips) {
     list.MouseTip = [&list, read = std::move(read), &tips](int row) {
         tips.Remove();
-        if (row < 0 || row >= list.ListCount()) return;
+        if (!tips.Enabled() || row < 0 || row >= list.ListCount()) return;
         const process::TipText tip = read(row);
         if (!tip.text.empty()) tips.Show(tip.text, list, tip.title, false);
     };

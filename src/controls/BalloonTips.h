@@ -13,6 +13,7 @@ class BalloonTips {
 public:
     // The user's option; on at first. Turning it off takes away the tip that is there.
     void SetEnabled(bool enabled);
+    bool Enabled() const { return enabled_; }
     // Explains `target` from now on, in place of what was explained before: the balloon comes after 800 ms of
     // rest and goes after 7 seconds. Without effect when tips are off, unless with `force`; and when this target
     // has a tip already, whose words stay as they are until Remove. A tip that cannot be made is not tried again

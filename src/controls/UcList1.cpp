@@ -219,6 +219,13 @@ void UcList1::SetSelectedTopPosition(int rows) {
     if (selected >= 0) SetTopIndex(selected - rows);
 }
 
+platform::Rect UcList1::CellRect(int row, int column) const {
+    const UcListLayout& layout = Layout();
+    const bool exists = row >= topIndex_ && row < ListCount() && column >= 0 &&
+                        static_cast<std::size_t>(column) < layout.columns.size();
+    return exists ? layout.CellRect(row - topIndex_, column).intersect(layout.itemArea) : platform::Rect{};
+}
+
 int UcList1::VisibleRows() const {
     return Layout().visibleRows;
 }

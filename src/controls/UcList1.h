@@ -84,6 +84,8 @@ public:
     int VisibleRows() const;  // rows that fit whole
     // The left button is held on a row. Who refills the list now changes what the user is about to drop.
     bool Dragging() const { return drag_ == Drag::Item; }
+    // A cell of a display row, cut to what of it can be seen, client pixels; empty when nothing of it can.
+    platform::Rect CellRect(int row, int column) const;
     // The row the keyboard acts on (focus rectangle), -1 for none.
     int CurrentRow() const;
     // What a drop of files does: hands the paths to FilesDropped.

@@ -25,8 +25,9 @@ constexpr std::uint32_t kWaitMilliseconds = 100;
 constexpr int kMostWaits = 20;
 
 constexpr char kUsage[] =
-    "Kestrum Jr. applies one favorite profile in the background.\r\n"
-    "It expects the profile and, for Enforce, an interval in seconds:\r\n\r\n"
+    "Kestrum Jr. applies one favorite profile.\r\n"
+    "It expects the profile and, for Enforce,\r\n"
+    "an interval in seconds:\r\n\r\n"
     "Kestrum_Jr.exe /My Favs 1\r\n"
     "Kestrum_Jr.exe /My Favs 1 /Enforce 60";
 

@@ -35,7 +35,7 @@ namespace key {
 inline constexpr std::uint16_t kBack = 0x08, kTab = 0x09, kEnter = 0x0D, kShift = 0x10, kCtrl = 0x11, kAlt = 0x12,
                                kEscape = 0x1B, kSpace = 0x20, kPageUp = 0x21, kPageDown = 0x22, kEnd = 0x23,
                                kHome = 0x24, kLeft = 0x25, kUp = 0x26, kRight = 0x27, kDown = 0x28, kDelete = 0x2E,
-                               kApps = 0x5D, kF1 = 0x70, kF5 = 0x74;
+                               kApps = 0x5D, kF1 = 0x70, kF2 = 0x71, kF5 = 0x74;
 }
 
 struct KeyEvent {

@@ -11,7 +11,11 @@ void beep() {
 }
 
 void playSound(const std::string& alias) {
-    PlaySoundA(alias.c_str(), nullptr, SND_ALIAS | SND_ASYNC | SND_NODEFAULT);
+    // Loaded with the first sound: the library takes memory that a program in the background need not have.
+    static const HMODULE library = LoadLibraryA("winmm.dll");
+    static const auto play =
+        library == nullptr ? nullptr : systemFunction<decltype(&PlaySoundA)>("winmm.dll", "PlaySoundA");
+    if (play != nullptr) play(alias.c_str(), nullptr, SND_ALIAS | SND_ASYNC | SND_NODEFAULT);
 }
 
 }  // namespace platform

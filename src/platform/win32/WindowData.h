@@ -80,10 +80,10 @@ bool restoreFocus(HWND hwnd, WindowData& data);
 // Moves the focus from tab stop to tab stop, in the order of creation, round and round.
 void focusNextTabStop(HWND root, HWND current, bool backwards);
 
-// Enables the owner of a modal window again. Must come before the window goes: Windows hands the activation to
-// another program when the owner is still disabled.
 // Takes the mouse from the window that captures it: a modal window must get every click.
 void cancelCapture();
+// Enables the owner of a modal window again. Must come before the window goes: Windows hands the activation to
+// another program when the owner is still disabled.
 void endModal(WindowData& data);
 
 }  // namespace platform

@@ -160,11 +160,15 @@ TEST_CASE("A second copy that finds nobody to wake ends as quietly") {
     SUBCASE("its mailbox went just now") {
         platform::setWindowProperty(other, "Kestrum_2", 123'456'789);
     }
+    SUBCASE("another program pretends") {
+        platform::setWindowProperty(other, "Kestrum_2", other.native());
+    }
     {
         app::Form1 second;
         CHECK(second.Start() == app::Form1::StartResult::Duplicate);
     }
     CHECK(Count("trayBalloon") == 0);
+    CHECK(Count("sendText") == 0);
     CHECK(Count("storeWrite") == 0);
     CHECK(sim::trayIcons().empty());
     CHECK(sim::quitCode() == -1);

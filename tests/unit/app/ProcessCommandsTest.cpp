@@ -163,6 +163,19 @@ TEST_CASE("Terminate ends what was meant when it was asked, and nothing else") {
         CHECK(there(one));
         CHECK_FALSE(there(two));
     }
+    SUBCASE("not the one that is selected when the meant one ends while the menu is open") {
+        desk.Select({three});
+        sim::setPointer(desk.form_->ProcessList(), desk.RowPoint(three));
+        sim::mouseDown(desk.form_->ProcessList(), desk.RowPoint(three), platform::MouseButton::Right);
+        sim::endProcess(three);
+        sim::whenMenu([](const std::vector<platform::MenuItem>&) { return app::command::kTerminate; });
+        Answer('Y');
+        sim::mouseUp(desk.form_->ProcessList(), {40, 30}, platform::MouseButton::Right);
+        CHECK(there(one));
+        CHECK(there(two));
+        CHECK(Told().size() == 1);
+        CHECK(desk.RowOf(three) == -1);
+    }
     SUBCASE("up to the first that cannot be ended") {
         sim::findProcess(two)->deniedRights = kDenyTerminate;
         desk.Select({one, two, three});
@@ -229,6 +242,9 @@ TEST_CASE("Selected rows are dragged to the favourites, whatever the list does m
     const ProcessId one = Machine::Run("C:\\Apps\\one.exe");
     const ProcessId two = Machine::Run("C:\\Apps\\two.exe");
     Machine::Run("C:\\Apps\\zoo.exe");
+    sim::putFile("C:\\Apps\\aav.exe", "");
+    Machine::PutProfile("Aav.exe\t1\tHigh\tC:\\Apps\\aav.exe\t\r\n");
+    sim::putSetting(kSection, "AutoSet", "1");
     desk.Begin();
     controls::UcList1& list = desk.form_->ProcessList();
     controls::UcList1& favourites = desk.form_->FavoritesListControl();
@@ -237,25 +253,27 @@ TEST_CASE("Selected rows are dragged to the favourites, whatever the list does m
     sim::mouseDown(list, desk.RowPoint(two));
     Machine::Run("C:\\Apps\\a-new-one.exe");
     Machine::Tick(3);
+    Machine::Run("C:\\Apps\\aav.exe");  // a favourite, set at once
+    Machine::Tick(2);
     sim::setPointer(list, {50, -30});
     CHECK(sim::pointerShape() == platform::Pointer::NoDrop);
     sim::setPointer(list, target);
     CHECK(sim::pointerShape() == platform::Pointer::Drop);
     CHECK(list.SelectedRows().size() == 2);
     sim::mouseUp(list, target);
-    REQUIRE(favourites.ListCount() == 2);
-    CHECK(favourites.CellText(0, 0) == "One.exe");
-    CHECK(favourites.CellText(1, 0) == "Two.exe");
+    REQUIRE(favourites.ListCount() == 3);
+    CHECK(favourites.CellText(1, 0) == "One.exe");
+    CHECK(favourites.CellText(2, 0) == "Two.exe");
     sim::setPointer(list, {50, 40});
     CHECK(sim::pointerShape() == platform::Pointer::Arrow);
     Machine::Tick(2);
-    CHECK(list.ListCount() == 5);  // what came meanwhile is there now
+    CHECK(list.ListCount() == 6);  // what came meanwhile is there now
 
     // Dropped elsewhere nothing is added.
     sim::mouseDown(list, desk.RowPoint(one));
     sim::setPointer(list, {50, -30});
     sim::mouseUp(list, {50, -30});
-    CHECK(favourites.ListCount() == 2);
+    CHECK(favourites.ListCount() == 3);
 }
 
 TEST_CASE("Extensions and row tips follow their options, which are kept") {

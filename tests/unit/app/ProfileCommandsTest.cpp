@@ -1,4 +1,5 @@
 // Profiles, launching, and the hand-over to Kestrum Jr., on the whole main window.
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -160,4 +161,59 @@ TEST_CASE("Kestrum Jr. takes over when it is there, has favourites, and the user
     CHECK(sim::launches()[0].parameters == parameters);
     CHECK(sim::quitCode() == 0);
     CHECK(sim::setting(kSection, "Splitter") == "474");
+}
+
+TEST_CASE("A parameter is edited in place") {
+    Desk desk;
+    Machine::PutProfile(std::string(kLineA) + kLineB);
+    desk.Start();
+    const auto param = [&](int row) { return desk.Favorites().CellText(row, 4); };
+    const auto edit = [&](int row) {
+        for (int i = 0; i < 2; ++i) desk.Favorites().SelectItem(i, i == row);
+        sim::click(desk.Favorites(), {40, 30}, platform::MouseButton::Middle);
+    };
+    edit(1);
+    sim::typeText("one\ttwo");
+    SUBCASE("Enter takes it") {
+        sim::pressKey(platform::key::kEnter);
+        CHECK(param(1) == "one two");
+        CHECK(sim::file(kProfile1)->find("b.exe\tone two\r\n") != std::string::npos);
+        CHECK(sim::focusedWindow() == &desk.Favorites());
+        const std::string before = *sim::file(kProfile1);
+        sim::clearLog();
+        edit(1);
+        sim::pressKey(platform::key::kEnter);  // nothing was changed: nothing is saved
+        const std::vector<std::string> log = sim::log();
+        CHECK(std::none_of(log.begin(), log.end(),
+                           [](const std::string& entry) { return entry.starts_with("writeFile"); }));
+    }
+    SUBCASE("Escape does not") {
+        sim::pressKey(platform::key::kEscape);
+        CHECK(param(1).empty());
+    }
+    SUBCASE("going on with something else does, also when the rows have moved, and the end of the program") {
+        SUBCASE("") {
+            desk.form->ProcessList().focus();
+        }
+        SUBCASE("") {
+            desk.form->FavoritesListControl().SortCol(0, false);
+            desk.form->ProcessList().focus();
+        }
+        SUBCASE("") {
+            sim::endSession();
+        }
+        CHECK(sim::file(kProfile1)->find("b.exe\tone two\r\n") != std::string::npos);
+    }
+    SUBCASE("only one at a time") {
+        sim::pressKey(platform::key::kEscape);
+        desk.Favorites().SelectItem(0, true);
+        desk.Favorites().SelectItem(1, true);
+        std::string title;
+        sim::whenModal([&](platform::Window& dialog) {
+            title = dialog.text();
+            sim::pressKey(platform::key::kEnter);
+        });
+        sim::click(desk.Favorites(), {40, 30}, platform::MouseButton::Middle);
+        CHECK(title == "File Parameter");
+    }
 }
