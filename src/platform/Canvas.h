@@ -65,7 +65,7 @@ public:
     void gradient(const Rect& area, Color from, Color to, Direction direction);  // GradientFill
     void edge(const Rect& area, Edge kind);                                      // DrawEdge with BF_RECT
     void focusRect(const Rect& area);                                            // DrawFocusRect
-    // `format` is a set of TextFormat bits. DrawTextA.
+    // `format` is a set of TextFormat bits. DrawTextW.
     void text(const Rect& area, std::string_view text, Color color, Font font, unsigned format);
     // Icon at `size` pixels. DrawIconEx.
     void icon(Point at, std::uintptr_t icon, int size);
@@ -100,7 +100,7 @@ private:
 PictureHandle drawPicture(Size size, Color ground, const std::function<void(Canvas&)>& draw);
 
 // Width and height of the text on one line, or wrapped to `wrapWidth` pixels when that is above 0.
-// DrawTextA with DT_CALCRECT.
+// DrawTextW with DT_CALCRECT.
 Size textSize(std::string_view text, Font font, int wrapWidth = 0);
 
 }  // namespace platform

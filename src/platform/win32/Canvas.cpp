@@ -18,8 +18,13 @@ static_assert(kTextCenter == DT_CENTER && kTextRight == DT_RIGHT && kTextVCenter
 // More than any control can show; DrawText takes long over text that nobody sees.
 constexpr std::size_t kLongestText = 4096;
 
-int lengthOf(std::string_view text) {
-    return static_cast<int>(std::min(text.size(), kLongestText));
+// DrawText. The drawing functions know the system's code page only, not the one that the manifest gives to the
+// process: text goes to them as wide characters, of which there are never more than bytes.
+void drawText(HDC dc, std::string_view text, RECT& r, UINT format) {
+    wchar_t wide[kLongestText];
+    const int bytes = static_cast<int>(std::min(text.size(), kLongestText));
+    const int length = MultiByteToWideChar(CP_ACP, 0, text.data(), bytes, wide, bytes);
+    DrawTextW(dc, wide, length, &r, format);
 }
 
 // The brush and the pen that belong to the DC: only their colour changes, so that nothing has to be made.
@@ -128,7 +133,7 @@ void Canvas::text(const Rect& area, std::string_view text, Color color, Font fon
     SetBkMode(dc, TRANSPARENT);
     SetTextColor(dc, color);
     const HGDIOBJ previous = SelectObject(dc, fontHandle(font));
-    DrawTextA(dc, text.data(), lengthOf(text), &r, format);
+    drawText(dc, text, r, format);
     SelectObject(dc, previous);
 }
 
@@ -157,7 +162,7 @@ Size textSize(std::string_view text, Font font, int wrapWidth) {
     const HGDIOBJ previous = SelectObject(screen, fontHandle(font));
     RECT r{0, 0, wrapWidth, 0};
     const UINT format = DT_CALCRECT | DT_NOPREFIX | (wrapWidth > 0 ? DT_WORDBREAK : DT_SINGLELINE);
-    DrawTextA(screen, measured.data(), lengthOf(measured), &r, format);
+    drawText(screen, measured, r, format);
     SelectObject(screen, previous);
     ReleaseDC(nullptr, screen);
     return {text.empty() ? 0 : static_cast<int>(r.right), static_cast<int>(r.bottom)};
