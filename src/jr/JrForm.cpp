@@ -111,12 +111,18 @@ void JrForm::UseProfile(int number) {
 }
 
 void JrForm::Tick() {
-    snapshot_.Take();
-    if (favorites_.Refresh()) {
+    const bool reread = favorites_.Refresh();
+    if (reread) {
         watch_.ForceChange();
         ShowTip();  // the profile may be empty now, or no longer
     }
-    watch_.Observe(snapshot_);
+    // Listing the processes is nearly all that this program costs. While nothing happens every second tick goes
+    // without; a program that starts is still set within a second.
+    resting_ = !resting_ && !reread && !watch_.Settling();
+    if (!resting_) {
+        snapshot_.Take();
+        watch_.Observe(snapshot_);
+    }
     if (watch_.Settling()) {
         SetFavs();
         watch_.TickDone();

@@ -76,6 +76,7 @@ private:
     platform::MutexHandle mutex_;
     platform::TimerHandle timer_;
     int waits_ = 0;
+    bool resting_ = false;  // this tick does without a look at the processes
     bool menuOpen_ = false;
 };
 

@@ -131,7 +131,7 @@ TEST_CASE("favourites are set at the start, as they come, and for their first mo
 
     Machine::Tick(6);
     const auto late = Machine::Run(kGame);
-    Machine::Tick();
+    Machine::Tick(2);
     CHECK(Machine::ClassOf(late) == kHigh);
     sim::findProcess(late)->priorityClass = kNormal;
     Machine::Tick();
@@ -302,7 +302,7 @@ TEST_CASE("a main program that cannot be started leaves it running") {
     Machine::Choose(jr::command::kOpenMain);
     CHECK(form.exists());
     const auto game = Machine::Run(kGame);
-    Machine::Tick();
+    Machine::Tick(2);
     CHECK(Machine::ClassOf(game) == kHigh);
 }
 
