@@ -111,13 +111,18 @@ private:
         }
     }
 
+    // An item of a menu or of one inside it, 0 when that can't be chosen.
+    int AnyOf(const std::vector<platform::MenuItem>& items) {
+        const platform::MenuItem& item = items[static_cast<std::size_t>(Below(static_cast<int>(items.size())))];
+        if (!item.enabled || item.id == tray::command::kExit) return 0;
+        return item.submenu.empty() ? item.id : AnyOf(item.submenu);
+    }
+
     void TouchTray() {
         if (!Chance(4)) return;
         const bool choose = Chance(3);
-        sim::whenMenu([this, choose](const std::vector<platform::MenuItem>& items) {
-            const platform::MenuItem& item = items[static_cast<std::size_t>(Below(static_cast<int>(items.size())))];
-            return choose && item.enabled && item.id != tray::command::kExit ? item.id : 0;
-        });
+        sim::whenMenu(
+            [this, choose](const std::vector<platform::MenuItem>& items) { return choose ? AnyOf(items) : 0; });
         sim::trayEvent(static_cast<platform::TrayEvent>(Below(4)));
         if (Chance(3)) sim::trayEvent(platform::TrayEvent::LeftDoubleClick);
     }
