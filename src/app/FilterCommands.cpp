@@ -36,18 +36,15 @@ void FilterCommands::FilterChanged() {
 
 void FilterCommands::Add(const std::vector<std::string>& paths) {
     std::set<std::string> seen;
-    bool duplicate = false;
-    bool badExtension = false;
+    std::vector<std::string> once;
     for (const std::string& path : paths) {
-        if (!seen.insert(platform::lowerCase(text::FileNameOf(path))).second) continue;
-        const filter::AddFilterResult result = parts_.filter.AddFilter(path);
-        duplicate = duplicate || result == filter::AddFilterResult::Duplicate;
-        badExtension = badExtension || result == filter::AddFilterResult::BadExtension;
+        if (seen.insert(platform::lowerCase(text::FileNameOf(path))).second) once.push_back(path);
     }
+    const filter::FileFilter::Added added = parts_.filter.AddAll(once);
     FilterChanged();
     parts_.refresh.FullRebuild();
-    if (badExtension) parts_.messages.Tell(filter::kBadExtensionText);
-    if (duplicate) parts_.messages.Tell(filter::kDuplicateText);
+    if (added.badExtension) parts_.messages.Tell(filter::kBadExtensionText);
+    if (added.duplicate) parts_.messages.Tell(filter::kDuplicateText);
 }
 
 void FilterCommands::ShowDialog() {

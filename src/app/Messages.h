@@ -10,7 +10,6 @@
 
 namespace app {
 
-inline constexpr char kInfoTitle[] = "Kestrum - Info";
 inline constexpr char kProgramTitle[] = "Kestrum 2";  // of balloons
 
 // The refresh waits while a message is open.
@@ -22,9 +21,9 @@ public:
         : window_(window), busy_(busy), msgBoxes_(msgBoxes), options_(options) {}
 
     // A note with an OK button.
-    void Tell(const std::string& text, const std::string& title = kInfoTitle);
+    void Tell(const std::string& text, const std::string& title = controls::kInfoTitle);
     // A question; true for Yes.
-    bool Ask(const std::string& question, const std::string& title = kInfoTitle);
+    bool Ask(const std::string& question, const std::string& title = controls::kInfoTitle);
 
 private:
     platform::Window& window_;

@@ -33,7 +33,7 @@ void Form1::ShowMemory() {
 void Form1::WakenUp() {
     if (!started_) return;
     trayIcon_.TrayBalloon("A copy of Kestrum 2 is already running,\r\nand has been restored to the desktop.",
-                          "Kestrum 2", platform::BalloonIcon::Info);
+                          kProgramTitle, platform::BalloonIcon::Info);
     RestoreFromTray(Raise::No);
 }
 

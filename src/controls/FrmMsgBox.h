@@ -9,6 +9,8 @@ namespace controls {
 
 enum class MsgStyle { Information = 0, Question = 4 };
 
+inline constexpr char kInfoTitle[] = "Kestrum - Info";  // of notes and questions without a title of their own
+
 inline constexpr int kMsgYes = 6;
 inline constexpr int kMsgNo = 7;  // also the answer of OK
 

@@ -17,7 +17,6 @@ using platform::Size;
 namespace {
 
 constexpr char kCaption[] = "File Filter";
-constexpr char kInfoTitle[] = "Kestrum - Info";
 
 // The second column, which is not shown, holds the index of the entry: sorting the list does not sort the filter.
 constexpr int kNameColumn = 0;
@@ -216,26 +215,19 @@ void DlgHides::Browse() {
 }
 
 void DlgHides::Add(const std::vector<std::string>& paths) {
-    bool duplicate = false;
-    bool badExtension = false;
-    std::string added;
+    FileFilter::Added added;
     {
         const platform::BusyPointer pointer;
-        for (const std::string& path : paths) {
-            const AddFilterResult result = parts_.filter.AddFilter(path);
-            duplicate = duplicate || result == AddFilterResult::Duplicate;
-            badExtension = badExtension || result == AddFilterResult::BadExtension;
-            if (result == AddFilterResult::Added) added = path;
-        }
-        if (!added.empty()) {
+        added = parts_.filter.AddAll(paths);
+        if (!added.last.empty()) {
             ReLoad();
-            ShowRowOf(text::FileNameOf(added));
+            ShowRowOf(text::FileNameOf(added.last));
         }
     }
     if (parts_.Changed) parts_.Changed();
     // Each message comes once, however many files were dropped together.
-    if (badExtension) Tell(kBadExtensionText);
-    if (duplicate && exists()) Tell(kDuplicateText);
+    if (added.badExtension) Tell(kBadExtensionText);
+    if (added.duplicate && exists()) Tell(kDuplicateText);
 }
 
 void DlgHides::Remove() {
@@ -251,7 +243,7 @@ void DlgHides::Remove() {
 
 void DlgHides::Tell(const std::string& text) {
     parts_.tips.Remove();
-    parts_.msgBoxes.Show(text, controls::MsgStyle::Information, kInfoTitle, *this, parts_.messageBeep);
+    parts_.msgBoxes.Show(text, controls::MsgStyle::Information, controls::kInfoTitle, *this, parts_.messageBeep);
 }
 
 void DlgHides::Close() {

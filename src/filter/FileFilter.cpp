@@ -24,6 +24,24 @@ bool FileFilter::Load() {
 }
 
 AddFilterResult FileFilter::AddFilter(const std::string& path) {
+    const AddFilterResult result = Insert(path);
+    if (result == AddFilterResult::Added) Save();
+    return result;
+}
+
+FileFilter::Added FileFilter::AddAll(const std::vector<std::string>& paths) {
+    Added added;
+    for (const std::string& path : paths) {
+        const AddFilterResult result = Insert(path);
+        added.duplicate = added.duplicate || result == AddFilterResult::Duplicate;
+        added.badExtension = added.badExtension || result == AddFilterResult::BadExtension;
+        if (result == AddFilterResult::Added) added.last = path;
+    }
+    if (!added.last.empty()) Save();
+    return added;
+}
+
+AddFilterResult FileFilter::Insert(const std::string& path) {
     if (!text::IsProgramFile(path)) return AddFilterResult::BadExtension;
     if (!platform::fileExists(path)) return AddFilterResult::Missing;
     icons_.Make(path);
@@ -31,7 +49,6 @@ AddFilterResult FileFilter::AddFilter(const std::string& path) {
     if (Contains(fileName)) return AddFilterResult::Duplicate;
     names_.AddItem(text::FavoriteDisplayName(fileName));
     names_.Sort();
-    Save();
     return AddFilterResult::Added;
 }
 

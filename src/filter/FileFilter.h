@@ -39,6 +39,13 @@ public:
 
     // Adds the file name of a program, keeps its icon and saves.
     AddFilterResult AddFilter(const std::string& path);
+    // The same for several files, which are saved once.
+    struct Added {
+        bool duplicate = false;  // of at least one; each is to be told once
+        bool badExtension = false;
+        std::string last;  // path of the last one added, empty when none was
+    };
+    Added AddAll(const std::vector<std::string>& paths);
     // Removes entries by their index, saves, and drops the icons nobody needs any more.
     void Remove(const std::vector<int>& indices);
     // Writes the filter file; an empty filter has none. False on failure, when the file is what it was, and when
@@ -53,6 +60,8 @@ public:
     storage::IconCache& Icons() { return icons_; }
 
 private:
+    AddFilterResult Insert(const std::string& path);
+
     std::string path_;
     cList names_;
     storage::IconCache icons_;
