@@ -21,6 +21,10 @@ struct WindowFacts {
 // nullopt when the window is gone. topLevelWindowNumbers (Instance.h) gives the numbers to ask for.
 std::optional<WindowFacts> windowFacts(std::uintptr_t window);
 
+// The uppermost top-level window of that class with exactly that caption, letters in either case; 0 when there is
+// none. FindWindowA.
+std::uintptr_t findWindow(const std::string& className, const std::string& caption);
+
 // Asks a window to close, without waiting. PostMessageA, WM_CLOSE.
 void postClose(std::uintptr_t window);
 

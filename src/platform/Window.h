@@ -18,6 +18,8 @@ enum class WindowKind {
     Child,   // control inside `parent`; created shown
     Popup,   // a dropped list: no frame but a thin border, above all windows, owned by `parent`; never becomes
              // active and never takes the focus; created hidden
+    Gadget,  // stands on the desktop by itself: neither frame nor caption, no button in the task bar, no owner
+             // (`parent` is not looked at), becomes active like any window; created hidden
 };
 
 enum class ShowCommand { Show, ShowInactive, Hide, Minimize, Maximize, Restore };
@@ -61,6 +63,14 @@ public:
     // A drop shadow behind every window of this one's class and behind the dialogs created with such a window as
     // parent. CS_DROPSHADOW, SetClassLongA (GCL_STYLE).
     void addDropShadow();
+    // How much shows through the whole top-level window: `alpha` 0 (nothing of it is seen) to 255 (solid). Where it
+    // is painted in exactly the colour `hole` nothing of it is there, neither to the eye nor to the mouse. 255
+    // without a hole makes it an ordinary window again. False where the system cannot. WS_EX_LAYERED,
+    // SetLayeredWindowAttributes.
+    bool setTranslucency(std::uint8_t alpha, std::optional<Color> hole = std::nullopt);
+    // To be called while the left button goes down on the window: the user drags it, as by a caption. Comes back
+    // when the button is let go; timers go on meanwhile. ReleaseCapture, WM_NCLBUTTONDOWN with HTCAPTION.
+    void dragAsByCaption();
     void enable(bool enabled);  // EnableWindow
     bool enabled() const;
     void setText(const std::string& text);  // SetWindowTextA

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "platform/CodePage.h"
+#include "platform/Instance.h"
 #include "platform/Process.h"
 #include "platform/sim/SimDesktop.h"
 #include "platform/sim/SimMachine.h"
@@ -28,6 +30,8 @@ std::uint32_t styleOf(WindowKind kind) {
             return 0x80C8'0000;
         case WindowKind::Popup:
             return 0x8080'0000;
+        case WindowKind::Gadget:
+            return 0x8000'0000;
         case WindowKind::Child:
             break;
     }
@@ -58,6 +62,15 @@ std::optional<WindowFacts> windowFacts(std::uintptr_t window) {
     }
     if (facts) facts->caption.resize(std::min(facts->caption.size(), kLongestCaption));
     return facts;
+}
+
+std::uintptr_t findWindow(const std::string& className, const std::string& caption) {
+    for (const std::uintptr_t number : topLevelWindowNumbers()) {
+        const std::optional<WindowFacts> facts = windowFacts(number);
+        const bool sameClass = lowerCase(facts->className) == lowerCase(className);
+        if (sameClass && lowerCase(facts->caption) == lowerCase(caption)) return number;
+    }
+    return 0;
 }
 
 void postClose(std::uintptr_t window) {

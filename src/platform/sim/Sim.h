@@ -73,10 +73,21 @@ void putSetting(const std::string& section, const std::string& key, const std::s
 std::optional<std::string> setting(const std::string& section, const std::string& key);
 void putBinarySetting(const std::string& section, const std::string& key);  // a value that is not text
 
+// ---- programs that start with the user's session ----
+// The bytes of an entry as they are stored: without the NUL that ends every text there.
+std::optional<std::string> runEntry(const std::string& name);
+void putRunEntry(const std::string& name, const std::string& bytes);
+void refuseRunEntries(bool refuse);  // neither writing nor deleting works
+
 // ---- windows and input ----
 Window* findWindow(const std::string& title);  // by caption or instance name
 std::vector<Window*> topLevelWindows();
-void setPointer(Window& window, Point at);  // moves the pointer and sends the move (and leave) events
+struct Translucency {
+    std::uint8_t alpha = 255;
+    std::optional<Color> hole;
+};
+Translucency translucency(const Window& window);  // as setTranslucency left it
+void setPointer(Window& window, Point at);        // moves the pointer and sends the move (and leave) events
 void mouseDown(Window& window, Point at, MouseButton button = MouseButton::Left, Modifiers modifiers = {});
 void mouseUp(Window& window, Point at, MouseButton button = MouseButton::Left, Modifiers modifiers = {});
 void click(Window& window, Point at, MouseButton button = MouseButton::Left, Modifiers modifiers = {});
@@ -84,7 +95,12 @@ void doubleClick(Window& window, Point at);  // down, up, double click, up
 void wheel(Window& window, Point at, int delta);
 void keyDown(std::uint16_t code, Modifiers modifiers = {});  // to the focused window; Tab moves the focus
 void keyUp(std::uint16_t code, Modifiers modifiers = {});
-void pressKey(std::uint16_t code, Modifiers modifiers = {});            // down and up
+void pressKey(std::uint16_t code, Modifiers modifiers = {});  // down and up
+void holdKey(std::uint16_t code);  // it is down, whichever program has the focus; nothing is sent
+void releaseKey(std::uint16_t code);
+// The user drags the window of the next dragAsByCaption that far, and lets the button go; without it the button is
+// let go where it went down.
+void whenDragged(Point delta);
 void dropFiles(Window& window, const std::vector<std::string>& paths);  // refused unless acceptFiles was called
 void loseCapture();                                                     // another window takes it
 void closeBox(Window& window);

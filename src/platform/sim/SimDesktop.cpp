@@ -100,6 +100,7 @@ Frame frameOf(WindowKind kind) {
             return {3, 22};
         case WindowKind::Popup:
             return {1, 1};
+        case WindowKind::Gadget:
         case WindowKind::Child:
             break;
     }

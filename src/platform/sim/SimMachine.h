@@ -169,6 +169,7 @@ struct WindowRecord {
     bool enabled = true;
     bool tabStop = false;
     bool topmost = false;
+    Translucency translucency;
     bool acceptsFiles = false;
     bool destroying = false;
     bool textBox = false;       // its object is a TextBox
@@ -197,6 +198,8 @@ struct Desktop {
     std::uintptr_t hovered = 0;  // got a move, and no leave since
     Point pointer;               // screen pixels
     bool leftHeld = false;
+    std::set<std::uint16_t> heldKeys;  // virtual key codes
+    std::deque<Point> drags;           // how far the user drags a window, one each time
     int busy = 0;
     int quitCode = -1;
     std::uint64_t drawCount = 0;
@@ -228,6 +231,8 @@ struct Machine {
     HandleTable<std::string> mutexHandles;  // the mutex's name
     Disk disk;
     std::map<std::string, std::map<std::string, StoreValue>> store;  // lower-case section, lower-case key
+    std::map<std::string, std::string> runList;                      // bytes by lower-case name
+    bool runListRefused = false;                                     // nothing can be written to it
     std::vector<TimerRecord> timers;
     HandleTable<IconData> icons;
     HandleTable<PictureData> pictures;

@@ -106,7 +106,8 @@ Window::~Window() {
 }
 
 bool Window::create(const WindowSpec& spec) {
-    const WindowPointer parent = spec.parent == nullptr ? nullptr : findRecord(spec.parent->native());
+    const bool alone = spec.kind == WindowKind::Gadget || spec.parent == nullptr;
+    const WindowPointer parent = alone ? nullptr : findRecord(spec.parent->native());
     const bool child = spec.kind == WindowKind::Child;
     if (native_ != 0 || (child && !parent)) return false;
     auto record = std::make_shared<WindowRecord>();

@@ -31,6 +31,10 @@ std::optional<WindowFacts> windowFacts(std::uintptr_t window) {
     return facts;
 }
 
+std::uintptr_t findWindow(const std::string& className, const std::string& caption) {
+    return reinterpret_cast<std::uintptr_t>(FindWindowA(className.c_str(), caption.c_str()));
+}
+
 void postClose(std::uintptr_t window) {
     const auto hwnd = reinterpret_cast<HWND>(window);
     // What is no window may stand for all of them.

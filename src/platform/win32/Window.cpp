@@ -33,6 +33,8 @@ DWORD styleOf(const WindowSpec& spec) {
             return WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
         case WindowKind::Popup:
             return WS_POPUP | WS_BORDER | WS_CLIPCHILDREN;
+        case WindowKind::Gadget:
+            return WS_POPUP | WS_CLIPCHILDREN;
         case WindowKind::Child:
             break;
     }
@@ -48,6 +50,8 @@ DWORD extendedStyleOf(WindowKind kind) {
             return WS_EX_CONTROLPARENT | WS_EX_DLGMODALFRAME;
         case WindowKind::Popup:
             return WS_EX_TOPMOST | WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE;
+        case WindowKind::Gadget:
+            return WS_EX_CONTROLPARENT | WS_EX_TOOLWINDOW;
         case WindowKind::Child:
             break;
     }
@@ -125,7 +129,8 @@ bool Window::create(const WindowSpec& spec) {
     const bool dialog = spec.kind == WindowKind::Dialog;
     if (!dialog && !registerClass(spec.className, spec.kind)) return false;
     // Windows takes the top-level window around a control for the owner by itself.
-    const HWND parent = spec.parent != nullptr ? hwndOf(*spec.parent) : nullptr;
+    const bool alone = spec.kind == WindowKind::Gadget || spec.parent == nullptr;
+    const HWND parent = alone ? nullptr : hwndOf(*spec.parent);
     const HWND hwnd =
         CreateWindowExA(extendedStyleOf(spec.kind), dialog ? kDialogClass : spec.className.c_str(),
                         spec.title.c_str(), styleOf(spec), spec.bounds.left, spec.bounds.top, spec.bounds.width(),
