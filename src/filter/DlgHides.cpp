@@ -58,7 +58,7 @@ bool DlgHides::Create(platform::Window& owner) {
         CreateButton(cmdBrowse_, {"CmdBrowse", "Browse For Files", "Add a file name to filter."}) &&
         CreateButton(cmdRemove_, {"CmdRemove", "Remove a Filter", "Remove selected file names from filter."}) &&
         CreateButton(cmdClose_, {"CmdClose", "Close File Filter", "Exit File Filter."}) &&
-        lblFilterCount_.Create(*this, {});
+        lblFilterCount_.Create(*this, "LblFilterCount", {});
     if (!made) {
         destroy();
         return false;
@@ -123,7 +123,7 @@ void DlgHides::Arrange(const Rect& over) {
 }
 
 template <class Control>
-void DlgHides::Attach(InDialog<Control>& control) {
+void DlgHides::Attach(controls::InDialog<Control>& control) {
     control.KeyFirst = [this](const platform::KeyEvent& event) { return Key(event); };
     control.GotFocus = [this, &control] { focus_ = &control; };
 }
@@ -249,23 +249,6 @@ void DlgHides::Tell(const std::string& text) {
 void DlgHides::Close() {
     parts_.tips.Remove();
     destroy();
-}
-
-// ---- the label ----
-
-bool DlgHides::Label::Create(platform::Window& parent, const Rect& bounds) {
-    return createChild(parent, "Label", "LblFilterCount", bounds, platform::TabStop::No);
-}
-
-void DlgHides::Label::SetCaption(const std::string& caption) {
-    setText(caption);
-    invalidate();
-}
-
-void DlgHides::Label::onPaint(platform::Canvas& canvas, const Rect& dirty) {
-    canvas.fill(dirty, platform::systemColor(platform::SysColor::ButtonFace));
-    canvas.text(Rect::fromSize({0, 0}, clientSize()), text(), platform::systemColor(platform::SysColor::ButtonText),
-                platform::Font::Normal, platform::kTextSingleLine | platform::kTextNoPrefix);
 }
 
 }  // namespace filter

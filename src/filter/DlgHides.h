@@ -8,6 +8,8 @@
 
 #include "controls/BalloonTips.h"
 #include "controls/FrmMsgBox.h"
+#include "controls/InDialog.h"
+#include "controls/Label.h"
 #include "controls/UcList1.h"
 #include "controls/XPbutn.h"
 #include "filter/FileFilter.h"
@@ -38,45 +40,19 @@ protected:
     void onSystemColors() override { invalidate(); }
 
 private:
-    // A control that lets the dialog see its keys first, and tells it when it gets the focus.
-    template <class Control>
-    class InDialog : public Control {
-    public:
-        std::function<bool(const platform::KeyEvent&)> KeyFirst;  // true: the control must not see the key
-        std::function<void()> GotFocus;
-
-    protected:
-        void onKey(const platform::KeyEvent& event) override {
-            if (!KeyFirst(event)) Control::onKey(event);
-        }
-        void onFocus(bool gained) override {
-            Control::onFocus(gained);
-            if (gained) GotFocus();
-        }
-    };
-    // A line of text; the window's text is what it shows.
-    class Label : public platform::Window {
-    public:
-        bool Create(platform::Window& parent, const platform::Rect& bounds);
-        void SetCaption(const std::string& caption);
-
-    protected:
-        void onPaint(platform::Canvas& canvas, const platform::Rect& dirty) override;
-        void onSystemColors() override { invalidate(); }
-    };
     struct ButtonWords {
         const char* name;
         const char* caption;
         const char* tip;
     };
-    using Button = InDialog<controls::XPbutn>;
+    using Button = controls::InDialog<controls::XPbutn>;
 
     bool Create(platform::Window& owner);
     bool CreateList(const platform::Rect& bounds);
     bool CreateButton(Button& button, const ButtonWords& words);
     void Arrange(const platform::Rect& over);
     template <class Control>
-    void Attach(InDialog<Control>& control);
+    void Attach(controls::InDialog<Control>& control);
     bool Key(const platform::KeyEvent& event);
 
     void ReLoad();
@@ -91,8 +67,8 @@ private:
     void Close();
 
     Parts parts_;
-    InDialog<controls::UcList1> ucFilter_;
-    Label lblFilterCount_;
+    controls::InDialog<controls::UcList1> ucFilter_;
+    controls::Label lblFilterCount_;
     Button cmdBrowse_;
     Button cmdRemove_;
     Button cmdClose_;
