@@ -39,6 +39,7 @@ Form1::Form1()
       profileCommands_(
           {*this, messages_, refresh_, slots_, commands_, filterCommands_, favorites_, enforce_, options_}),
       paramEditor_(favoritesControl_, favorites_, slots_, messages_, tips_),
+      favoriteSettings_({*this, favoritesControl_, favorites_, slots_, messages_, access_.HighestCpu()}),
       trayCommands_({*this, trayIcon_, slots_, busy_, toolBar1_, commands_, gauges_}) {}
 
 // The window goes before the parts that its handlers would reach.
@@ -187,6 +188,12 @@ void Form1::FavoritesKey(std::uint16_t code) {
     if (code == platform::key::kApps) {
         profileCommands_.ShowFavoritesMenu(favoritesControl_.toScreen({40, favoritesControl_.HeaderHeight() + 20}));
     }
+}
+
+// What the user is changing about favourites is taken over: they are about to go out of sight.
+void Form1::FinishEdits() {
+    paramEditor_.Accept();
+    favoriteSettings_.Finish();
 }
 
 void Form1::ViewHelp() {

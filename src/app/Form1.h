@@ -5,6 +5,7 @@
 
 #include "app/AffinityBoxes.h"
 #include "app/FavoriteCommands.h"
+#include "app/FavoriteSettings.h"
 #include "app/FilterCommands.h"
 #include "app/Gauges.h"
 #include "app/LayoutMemory.h"
@@ -116,6 +117,7 @@ private:
     void ToolBar1Clicked(int index);
     platform::Point BelowButton(int index) const;
     void FavoritesKey(std::uint16_t code);
+    void FinishEdits();
     void ViewHelp();
     platform::Pointer DragOver() const;
     void ApplyColumns(bool maximized);
@@ -160,6 +162,7 @@ private:
     ProcessCommands processCommands_;
     ProfileCommands profileCommands_;
     ParamEditor paramEditor_;
+    FavoriteSettings favoriteSettings_;
     TrayCommands trayCommands_;
 
     MainParts parts_;

@@ -22,7 +22,7 @@ using controls::MenuEntry;
 namespace {
 
 // Ids of the favourites menu; a profile's number is added to the first of its group.
-constexpr int kInformation = 100, kCopyTo = 20, kMoveTo = 30, kRemove = 40;
+constexpr int kInformation = 100, kSettings = 10, kCopyTo = 20, kMoveTo = 30, kRemove = 40;
 
 enum class CurrentProfile { Checked, Greyed };
 
@@ -82,9 +82,12 @@ void ProfileCommands::ShowFavoritesMenu(platform::Point at) {
     copy.submenu = ProfilesFrom(kCopyTo, parts_.favorites.BaseFolder(), Current(), CurrentProfile::Greyed);
     MenuEntry move{kMoveTo, "Move Selected To...", -1, any};
     move.submenu = ProfilesFrom(kMoveTo, parts_.favorites.BaseFolder(), Current(), CurrentProfile::Greyed);
-    const std::vector<MenuEntry> entries = {copy, {}, move, {}, {kRemove, "Remove Selected", -1, any}};
+    const std::vector<MenuEntry> entries = {{kSettings, "Change Settings", -1, any}, {}, copy, {}, move, {},
+                                            {kRemove, "Remove Selected", -1, any}};
     const int chosen = controls::ShowPictureMenu(parts_.window, at, entries);
-    if (IsProfile(chosen - kCopyTo)) {
+    if (chosen == kSettings) {
+        ChangeSettings();
+    } else if (IsProfile(chosen - kCopyTo)) {
         CopyTo(chosen - kCopyTo);
     } else if (IsProfile(chosen - kMoveTo)) {
         MoveTo(chosen - kMoveTo);
@@ -95,6 +98,7 @@ void ProfileCommands::ShowFavoritesMenu(platform::Point at) {
 
 void ProfileCommands::SwitchTo(int profile) {
     if (!IsProfile(profile) || profile == Current()) return;
+    FinishEdits();
     parts_.favorites.SavePending();
     parts_.favorites.SetFavName(favorites::ProfileName(profile));
     parts_.filterCommands.Toggled();  // loads the favourites and rebuilds the list

@@ -46,7 +46,7 @@ void Form1::SaveSettings() {
 // Ends the program, once.
 void Form1::Unload() {
     if (!started_) return;
-    paramEditor_.Accept();
+    FinishEdits();
     started_ = false;
     for (const Slot slot : {Slot::Process, Slot::Tray, Slot::Memory, Slot::FavoritesPanel, Slot::TotalGraph}) {
         slots_.Stop(slot);

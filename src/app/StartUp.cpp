@@ -160,6 +160,7 @@ void Form1::WireEvents() {
     slots_.SetWork(Slot::Process, [this] { refresh_.ProcTimer(); });
     slots_.SetWork(Slot::Tray, [this] { trayCommands_.TrayTimer(); });
     slots_.SetWork(Slot::Memory, [this] { gauges_.UpdateMemory(); });
+    slots_.SetWork(Slot::FavoritesPanel, [this] { favoriteSettings_.Watch(); });
     instance_.WakenUp = [this] { WakenUp(); };
     trayIcon_.Notified = [this](platform::TrayEvent event) { trayCommands_.Notified(event); };
     trayCommands_.Restore = [this] { RestoreFromTray(Raise::Yes); };
@@ -194,6 +195,8 @@ void Form1::WireFavorites() {
         if (button == kRightButton) profileCommands_.ShowFavoritesMenu(platform::pointerPosition());
         if (button == kMiddleButton) paramEditor_.Edit();
     };
+    profileCommands_.ChangeSettings = [this] { favoriteSettings_.Open(); };
+    profileCommands_.FinishEdits = [this] { FinishEdits(); };
     profileCommands_.Exit = [this] { Exit(); };
 }
 

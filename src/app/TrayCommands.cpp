@@ -19,6 +19,7 @@ void TrayCommands::TrayTimer() {
     const std::int32_t percent = cpuUsage_.CurrentCPUUsage();
     totals_.sum += percent;
     ++totals_.samples;
+    totals_.last = percent;
     if (parts_.window.state() != WindowState::Minimized) parts_.gauges.ShowCpu(percent);
     const platform::IconHandle icon = meter_.Draw(percent);
     if (icon) parts_.icon.Put(icon);

@@ -9,6 +9,7 @@
 #include "app/RefreshCycle.h"
 #include "app/TimerSlots.h"
 #include "controls/ToolBar.h"
+#include "process/CpuTotals.h"
 #include "process/clsCPUUsage.h"
 #include "settings/DisplayOptions.h"
 #include "tray/TrayIcon.h"
@@ -18,12 +19,6 @@
 namespace app {
 
 inline constexpr std::uint32_t kTrayMilliseconds = 500;  // from one picture of the meter to the next
-
-// Every reading of the processor load since the start, for an average.
-struct CpuTotals {
-    std::int64_t sum = 0;  // percent
-    std::int64_t samples = 0;
-};
 
 class TrayCommands {
 public:
@@ -53,14 +48,16 @@ public:
     // Runs a command of the icon's menu; ids that are none do nothing.
     void MnuTraySel(int id);
 
-    const CpuTotals& Totals() const { return totals_; }
+    // Whoever shows the average may begin it anew.
+    process::CpuTotals& Totals() { return totals_; }
+    const process::CpuTotals& Totals() const { return totals_; }
 
 private:
     void ShowMenu();
 
     Parts parts_;
     process::clsCPUUsage cpuUsage_;
-    CpuTotals totals_;
+    process::CpuTotals totals_;
     tray::TrayMeter meter_;
     tray::TrayMenu menu_;
 };

@@ -6,6 +6,7 @@ namespace app {
 // The timers of the process list and of the meter go on: Auto Set works as before.
 void Form1::MinimizeToTray() {
     inTray_ = true;
+    FinishEdits();
     show(platform::ShowCommand::Hide);
     slots_.Stop(Slot::Memory);
     tips_.Remove();

@@ -12,6 +12,7 @@ namespace {
 constexpr int kBox = 13;
 constexpr int kTextLeft = kBox + 5;
 constexpr int kFocusMargin = 2;
+constexpr int kInBetweenMargin = 4;  // around the square that stands for "some are, some are not"
 
 void DrawTick(platform::Canvas& canvas, const Rect& box, platform::Color color) {
     // A tick three pixels thick: down to the right, then up to the right.
@@ -35,9 +36,9 @@ bool CheckBox::Create(platform::Window& parent, const std::string& instanceName,
     return CreateButton(parent, "CheckBox", instanceName, caption, bounds);
 }
 
-void CheckBox::SetValue(bool value) {
-    if (value == value_) return;
-    value_ = value;
+void CheckBox::Show(Mark mark) {
+    if (mark == mark_) return;
+    mark_ = mark;
     invalidate();
 }
 
@@ -48,7 +49,8 @@ void CheckBox::Paint(platform::Canvas& canvas, const Rect& area) {
     canvas.fill(box, systemColor(Pressed() ? SysColor::ButtonFace : SysColor::Window));
     canvas.frame(box, systemColor(Hovered() ? SysColor::Highlight : SysColor::ButtonShadow));
     const SysColor ink = Enabled() ? SysColor::WindowText : SysColor::GrayText;
-    if (value_) DrawTick(canvas, box, systemColor(ink));
+    if (mark_ == Mark::Tick) DrawTick(canvas, box, systemColor(ink));
+    if (mark_ == Mark::InBetween) canvas.fill(box.inset(kInBetweenMargin, kInBetweenMargin), systemColor(ink));
     const Rect label{kTextLeft, 0, area.right, area.bottom};
     canvas.text(label.inset(kFocusMargin, 0), Caption(), systemColor(ink), Font::Normal,
                 platform::kTextSingleLine | platform::kTextVCenter | platform::kTextNoPrefix);
@@ -56,7 +58,7 @@ void CheckBox::Paint(platform::Canvas& canvas, const Rect& area) {
 }
 
 void CheckBox::Clicked() {
-    SetValue(!value_);
+    SetValue(!Value());
     const auto click = Click;  // lives on when the receiver destroys the box
     if (click) click();
 }

@@ -15,6 +15,18 @@ std::string WithoutSeparators(std::string param) {
     return param;
 }
 
+// The affinity text of processors below `cpuCount`, with what is chosen for them.
+std::string Restricted(const std::string& affinity, int cpuCount, const std::map<int, bool>& chosen) {
+    std::string restricted;
+    for (int cpu = 0; cpu < cpuCount; ++cpu) {
+        const char digit = static_cast<char>('0' + cpu);
+        const auto choice = chosen.find(cpu);
+        const bool used = choice != chosen.end() ? choice->second : affinity.find(digit) != std::string::npos;
+        if (used) restricted += digit;
+    }
+    return restricted;
+}
+
 }  // namespace
 
 bool SetParam(FavoritesList& list, int row, const std::string& param) {
@@ -23,16 +35,23 @@ bool SetParam(FavoritesList& list, int row, const std::string& param) {
     return list.ReplaceRows({{row, favorite}});
 }
 
-bool SetSettings(FavoritesList& list, const std::vector<int>& rows, const std::optional<std::string>& affinity,
-                 const std::optional<std::string>& priority) {
+SettingsEdit SetSettings(FavoritesList& list, const std::vector<int>& rows, const SettingsChoice& choice) {
+    SettingsEdit edit;
     std::map<int, Favorite> changed;
     for (const int row : rows) {
         Favorite favorite = list.Row(row);
-        if (affinity) favorite.affinity = *affinity;
-        if (priority) favorite.priority = *priority;
+        const std::string before = Restricted(favorite.affinity, choice.cpuCount, {});
+        const std::string after = Restricted(favorite.affinity, choice.cpuCount, choice.cpus);
+        if (after != before && after.empty()) {
+            edit.noCpu = true;
+        } else if (after != before) {
+            favorite.affinity = after;
+        }
+        if (choice.priority) favorite.priority = *choice.priority;
         changed[row] = favorite;
     }
-    return list.ReplaceRows(changed);
+    edit.changed = list.ReplaceRows(changed);
+    return edit;
 }
 
 bool CopySelectedTo(FavoritesList& list, const std::string& profileName) {

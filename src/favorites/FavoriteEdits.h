@@ -2,6 +2,7 @@
 // Everything is saved at once. Messages, paused timers and busy pointers belong to the form that calls.
 #pragma once
 
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -14,10 +15,19 @@ class FavoritesList;
 // cannot hold them. Saves, loads again, sorts, and selects that favourite. False when nothing changed.
 bool SetParam(FavoritesList& list, int row, const std::string& param);
 
-// Gives rows a new affinity text and/or priority name; nullopt keeps what each of them has. Saves, loads again,
-// sorts, and selects those favourites. False when nothing changed.
-bool SetSettings(FavoritesList& list, const std::vector<int>& rows, const std::optional<std::string>& affinity,
-                 const std::optional<std::string>& priority);
+// New settings for several favourites at once. What is not named here stays as each of them has it.
+struct SettingsChoice {
+    int cpuCount = 0;                     // processors there is a choice about: 0 to this
+    std::map<int, bool> cpus;             // processor number -> use it
+    std::optional<std::string> priority;  // its name
+};
+struct SettingsEdit {
+    bool changed = false;  // something is different now
+    bool noCpu = false;    // some favourite would have had no processor left, and has kept its affinity
+};
+// Saves, loads again, sorts, and selects those favourites. The affinity of one that changes names processors up to
+// cpuCount only.
+SettingsEdit SetSettings(FavoritesList& list, const std::vector<int>& rows, const SettingsChoice& choice);
 
 // Copies the selected favourites into another profile, without those it holds already. False when that changed no
 // file; the current profile and names that are no profile are refused.

@@ -120,20 +120,9 @@ TEST_CASE_TEMPLATE("What is clicked tells it when it is let go", C, XPbutn, Grad
 
 TEST_CASE_TEMPLATE("The pointer over a control is told, and that it left", C, XPbutn, GradColorChk,
                    controls::CheckBox) {
-    sim::reset();
-    platform::Window form;
-    platform::WindowSpec spec;
-    spec.kind = platform::WindowKind::Main;
-    spec.className = "Form1";
-    spec.bounds = {100, 100, 700, 500};
-    REQUIRE(form.create(spec));
-    form.show(platform::ShowCommand::Show);
-    C control;
-    if constexpr (std::is_same_v<C, controls::CheckBox>) {
-        REQUIRE(control.Create(form, "Control1", "1", {20, 20, 100, 41}));
-    } else {
-        REQUIRE(control.Create(form, "Control1", {20, 20, 100, 41}));
-    }
+    ControlFixture<C> one({20, 20, 100, 41});
+    C& control = one.control;
+    platform::Window& form = one.form;
     int hovers = 0;
     int lefts = 0;
     control.Hover = [&] { ++hovers; };
@@ -266,6 +255,25 @@ struct Slider : ControlFixture<HorizSlider> {
 using Values = std::vector<int>;
 
 }  // namespace
+
+TEST_CASE("A plain check box can be in between, until it is toggled") {
+    ControlFixture<controls::CheckBox> one({20, 20, 100, 41});
+    controls::CheckBox& box = one.control;
+    const Point middle{6, 10};
+    const auto marked = [&] {
+        sim::paint(box, true);
+        return sim::pixelAt(box, middle) == systemColor(SysColor::WindowText);
+    };
+    CHECK_FALSE(marked());
+    box.SetInBetween();
+    CHECK(marked());
+    CHECK(box.InBetween());
+    CHECK_FALSE(box.Value());
+    box.focus();
+    sim::pressKey(key::kSpace);
+    CHECK(box.Value());
+    CHECK_FALSE(box.InBetween());
+}
 
 TEST_CASE("A slider's thumb stands where its value says") {
     Slider one(100);

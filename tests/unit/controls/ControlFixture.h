@@ -20,7 +20,11 @@ struct ControlFixture {
         spec.bounds = {100, 100, 700, 500};
         REQUIRE(form.create(spec));
         form.show(platform::ShowCommand::Show);
-        REQUIRE(control.Create(form, "Control1", bounds));
+        if constexpr (requires { control.Create(form, "Control1", bounds); }) {
+            REQUIRE(control.Create(form, "Control1", bounds));
+        } else {
+            REQUIRE(control.Create(form, "Control1", "1", bounds));  // with its caption
+        }
         platform::sim::paint(control);
     }
 

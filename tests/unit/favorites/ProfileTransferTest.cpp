@@ -214,23 +214,37 @@ TEST_CASE("edits are saved and leave the edited favourites selected") {
         CHECK(Saved(kSource).find("-z \"a b\" 1  2\r\n") != std::string::npos);
     }
     SUBCASE("settings change only what is given, on all the rows given") {
-        CHECK(favorites::SetSettings(bench.favs, {0, 2}, "3", std::nullopt));
+        // Processor 3 for both; of the others each keeps its own, and none beyond the four there is a choice about.
+        bench.favs.ReplaceRows({{0, {"b.exe", "17", "High", "C:\\b.exe", "-b"}}});
+        CHECK(favorites::SetSettings(bench.favs, {0, 2}, {4, {{3, true}, {0, false}}, {}}).changed);
         CHECK(bench.Selected().size() == 2);
-        CHECK(bench.favs.Row(0) == Favorite{"b.exe", "3", "High", "C:\\b.exe", "-b"});
-        CHECK(favorites::SetSettings(bench.favs, bench.favs.SelectedRows(), std::nullopt, "Low"));
+        CHECK(bench.favs.Row(0) == Favorite{"b.exe", "13", "High", "C:\\b.exe", "-b"});
+        CHECK(favorites::SetSettings(bench.favs, bench.favs.SelectedRows(), {4, {}, "Low"}).changed);
         int edited = 0;
         for (const Favorite& saved : favorites::ParseProfile(Saved(kSource))) {
-            const bool given = saved.affinity == "3" && saved.priority == "Low";
+            const bool given = saved.affinity == "13" && saved.priority == "Low";
             if (!given) CHECK(saved == Fav(saved.path, saved.param));
             edited += given ? 1 : 0;
         }
         CHECK(edited == 2);
     }
+    SUBCASE("none is left without a processor") {
+        bench.favs.ReplaceRows({{0, {"b.exe", "3", "High", "C:\\b.exe", "-b"}}});
+        const auto edit = favorites::SetSettings(bench.favs, {0, 1}, {4, {{0, false}, {1, false}}, "Low"});
+        CHECK(edit.noCpu);
+        CHECK(bench.favs.Row(0) == Favorite{"b.exe", "3", "Low", "C:\\b.exe", "-b"});
+        REQUIRE(bench.favs.SelectedFavorites().size() == 2);
+        CHECK(bench.favs.SelectedFavorites()[1].affinity + bench.favs.SelectedFavorites()[1].priority == "01Low");
+        // One that names no processor of this machine is not what this is about.
+        bench.favs.ReplaceRows({{0, {"b.exe", "7", "Low", "C:\\b.exe", "-b"}}});
+        CHECK_FALSE(favorites::SetSettings(bench.favs, {0}, {4, {{0, false}}, "High"}).noCpu);
+        CHECK(bench.favs.Row(0).affinity == "7");
+    }
     SUBCASE("what changes nothing is neither saved nor loaded") {
         platform::deleteFile(kBase + kSource);
         CHECK_FALSE(favorites::SetParam(bench.favs, 0, "-b"));
         CHECK_FALSE(favorites::SetParam(bench.favs, 7, "-b"));
-        CHECK_FALSE(favorites::SetSettings(bench.favs, {0, 1, -1}, "01", "High"));
+        CHECK_FALSE(favorites::SetSettings(bench.favs, {0, 1, -1}, {4, {{0, true}}, "High"}).changed);
         CHECK(Saved(kSource) == kNoFile);
         CHECK(bench.favs.Count() == 3);
     }
