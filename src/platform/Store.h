@@ -11,6 +11,8 @@ namespace platform {
 std::optional<std::string> storeRead(const std::string& section, const std::string& key);
 // Creates the section as needed. RegCreateKeyExA, RegSetValueExA (REG_SZ).
 bool storeWrite(const std::string& section, const std::string& key, const std::string& value);
+// Removes one value; false when it is not there or cannot go. RegDeleteValueA.
+bool storeDeleteValue(const std::string& section, const std::string& key);
 // Removes every value of the section. RegDeleteKeyA.
 bool storeDelete(const std::string& section);
 

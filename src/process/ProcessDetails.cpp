@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <string_view>
+#include <utility>
 
 #include "platform/Clock.h"
 #include "platform/Instance.h"
@@ -40,10 +41,11 @@ bool BeginsWith(std::string_view text, std::string_view beginning) {
 }
 
 // The desktop itself is a window of the shell, class "Progman", with a caption: it is no window people mean.
-// Balloon tips ("VBBubble") have a caption for a while and are none either.
+// Balloon tips ("VBBubble") have a caption for a while and are none either; nor are the program's own graphs.
 bool CanBeMainWindow(const platform::WindowFacts& window) {
     if (window.caption.empty() || BeginsWith(window.caption, "VBBubble")) return false;
     if (BeginsWith(window.className, "Progman") && (window.style & kOverlappedWindow) == 0) return false;
+    if (window.className == "iCPU" || window.className == "FrmColorMeter") return false;
     return window.parent == 0 && window.owner == 0 && window.visible;
 }
 
@@ -67,10 +69,7 @@ bool IsShell(const std::string& fileText, const std::string& imagePath) {
     return (imagePath.empty() ? fileText : text::ProcessDisplayName(text::FileNameOf(imagePath))) == kShell;
 }
 
-std::string Title(const std::string& fileText, ProcessId id, const std::string& imagePath) {
-    std::string title = IsShell(fileText, imagePath) ? "Windows Explorer" : CaptionOf(id);
-    title.resize(std::min(title.find_first_of("\r\n"), title.size()));
-    if (title.empty()) title = fileText;
+std::string Shortened(const std::string& title) {
     const std::string_view shown = text::FirstCharacters(title, kMostOfTitle);
     return shown.size() == title.size() ? title : std::string(shown) + "...";
 }
@@ -117,8 +116,16 @@ std::string CaptionOf(ProcessId id) {
     return std::string(text::Trim(text::FirstCharacters(FindMainWindow(id).caption, kMostOfCaption)));
 }
 
+std::string TitleOf(const std::string& fileText, ProcessId id, const std::string& imagePath) {
+    std::string title = IsShell(fileText, imagePath) ? "Windows Explorer" : CaptionOf(id);
+    title.resize(std::min(title.find_first_of("\r\n"), title.size()));
+    return Shortened(title);
+}
+
 TipText RowTip(const std::string& fileText, ProcessId id, const std::string& imagePath) {
-    return {Title(fileText, id, imagePath), imagePath + "\r\nUpTime: " + UptimeText(StartTime(id), LocalNow())};
+    std::string title = TitleOf(fileText, id, imagePath);
+    if (title.empty()) title = Shortened(fileText);
+    return {std::move(title), imagePath + "\r\nUpTime: " + UptimeText(StartTime(id), LocalNow())};
 }
 
 }  // namespace process

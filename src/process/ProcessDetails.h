@@ -28,6 +28,10 @@ std::uintptr_t MainWindowOf(platform::ProcessId id);
 // Caption of that window without blanks at its ends, from its first 255 characters; empty without a window.
 std::string CaptionOf(platform::ProcessId id);
 
+// What the user knows the process by: the first line of that caption, at most 64 characters and then "...";
+// "Windows Explorer" for the shell; empty without a window. Arguments as for RowTip.
+std::string TitleOf(const std::string& fileText, platform::ProcessId id, const std::string& imagePath);
+
 // The tip of a row. `fileText` is the row's File column, `imagePath` the process's image path (empty when it
 // cannot be read).
 TipText RowTip(const std::string& fileText, platform::ProcessId id, const std::string& imagePath);

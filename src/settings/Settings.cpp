@@ -22,6 +22,9 @@ constexpr NamedColour kColours[] = {
 constexpr int kColourCount = 8;
 static_assert(sizeof kColours / sizeof kColours[0] == kColourCount);
 
+constexpr char kGraphTop[] = "GraphTop";
+constexpr char kGraphLeft[] = "GraphLeft";
+
 std::string PositionKey(const std::string& name) {
     return name + "_Pos";
 }
@@ -62,17 +65,25 @@ bool Settings::WriteText(Key key, const std::string& value) {
 }
 
 std::optional<std::int16_t> Settings::GraphTop(int slot) const {
-    return GraphValue("GraphTop", slot);
+    return GraphValue(kGraphTop, slot);
 }
 
 std::optional<std::int16_t> Settings::GraphLeft(int slot) const {
-    return GraphValue("GraphLeft", slot);
+    return GraphValue(kGraphLeft, slot);
 }
 
 bool Settings::WriteGraphPlace(int slot, int top, int left) {
     const std::string number = text::Decimal(slot);
-    const bool topWritten = platform::storeWrite(kSection, "GraphTop" + number, text::Decimal(top));
-    return platform::storeWrite(kSection, "GraphLeft" + number, text::Decimal(left)) && topWritten;
+    const bool topWritten = platform::storeWrite(kSection, kGraphTop + number, text::Decimal(top));
+    return platform::storeWrite(kSection, kGraphLeft + number, text::Decimal(left)) && topWritten;
+}
+
+void Settings::ForgetGraphPlaces() {
+    for (int slot = 1; slot <= kGraphSlots; ++slot) {
+        const std::string number = text::Decimal(slot);
+        platform::storeDeleteValue(kSection, kGraphTop + number);
+        platform::storeDeleteValue(kSection, kGraphLeft + number);
+    }
 }
 
 std::string Settings::Position(const std::string& name) const {

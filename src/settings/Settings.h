@@ -11,6 +11,9 @@
 
 namespace settings {
 
+// CPU graph windows that can be open at once, each in a slot of its own: 1..kGraphSlots.
+inline constexpr int kGraphSlots = 16;
+
 class Settings {
 public:
     // A Number or Int key. A damaged Number reads as 0, a damaged Int as its default; both are held within
@@ -27,10 +30,13 @@ public:
     bool WriteBool(Key key, bool value);
     bool WriteText(Key key, const std::string& value);
 
-    // Remembered place of the CPU graph window in slot `slot` (0..15), pixels; nullopt when none is stored.
+    // Remembered place of the CPU graph window in slot `slot` (1..kGraphSlots), pixels; nullopt when none is
+    // stored.
     std::optional<std::int16_t> GraphTop(int slot) const;
     std::optional<std::int16_t> GraphLeft(int slot) const;
     bool WriteGraphPlace(int slot, int top, int left);
+    // Removes the places of all slots.
+    void ForgetGraphPlaces();
 
     // "left,top,width,height" of the window called `name` (key: name + "_Pos"), "" when none is stored.
     std::string Position(const std::string& name) const;

@@ -31,6 +31,13 @@ TEST_CASE("settings are told apart by section and key, not by case") {
     CHECK_FALSE(platform::storeRead(kSection, "Three"));
     CHECK_FALSE(platform::storeRead(kSection + "Other", "One"));
 
+    CHECK(platform::storeWrite(kSection, "Three", "3"));
+    CHECK(platform::storeDeleteValue(kSection, "tHREE"));
+    CHECK_FALSE(platform::storeDeleteValue(kSection, "Three"));
+    CHECK_FALSE(platform::storeDeleteValue(kSection + "Other", "One"));
+    CHECK_FALSE(platform::storeRead(kSection, "Three"));
+    CHECK(platform::storeRead(kSection, "One") == "1");
+
     CHECK(platform::storeDelete(kSection));
     CHECK_FALSE(platform::storeRead(kSection, "One"));
     CHECK_FALSE(platform::storeRead(kSection, "Two"));

@@ -32,6 +32,12 @@ bool storeWrite(const std::string& section, const std::string& key, const std::s
     return true;
 }
 
+bool storeDeleteValue(const std::string& section, const std::string& key) {
+    sim::note("storeDeleteValue", key);
+    const auto values = machine().store.find(lowerCase(section));
+    return values != machine().store.end() && values->second.erase(lowerCase(key)) != 0;
+}
+
 bool storeDelete(const std::string& section) {
     sim::note("storeDelete", section);
     return machine().store.erase(lowerCase(section)) != 0;

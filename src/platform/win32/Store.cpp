@@ -45,6 +45,12 @@ bool storeWrite(const std::string& section, const std::string& key, const std::s
                           static_cast<DWORD>(text.size() + 1)) == ERROR_SUCCESS;
 }
 
+bool storeDeleteValue(const std::string& section, const std::string& key) {
+    if (holdsNul(section) || holdsNul(key)) return false;
+    const KeyHandle owner = openSection(section, KEY_SET_VALUE);
+    return owner && RegDeleteValueA(keyOf(owner), key.c_str()) == ERROR_SUCCESS;
+}
+
 bool storeDelete(const std::string& section) {
     if (section.empty() || holdsNul(section)) return false;
     const LONG result = RegDeleteKeyA(HKEY_CURRENT_USER, pathOf(section).c_str());

@@ -59,6 +59,7 @@ TEST_CASE("The main window is the uppermost one that people take for the program
     addAbove([](auto& window) { window.caption.clear(); });
     addAbove([](auto& window) { window.caption = "VBBubble tip"; });
     addAbove([](auto& window) { window.className = "Progman"; });
+    addAbove([](auto& window) { window.className = "iCPU"; });
     addAbove([](auto& window) { window.parent = 7; });
     addAbove([](auto& window) { window.owner = 7; });
     addAbove([](auto& window) { window.visible = false; });
@@ -95,5 +96,6 @@ TEST_CASE("Titles of the tips over rows") {
         sim::addOtherWindow(MainWindow(id, one.caption));
         CAPTURE(one.caption);
         CHECK(process::RowTip(one.fileText, id, one.path).title == one.title);
+        CHECK(process::TitleOf(one.fileText, id, one.path) == (one.title == "App.exe" ? "" : one.title));
     }
 }

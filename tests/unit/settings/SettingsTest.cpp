@@ -114,6 +114,13 @@ TEST_CASE("values are written as text under their own keys, and all go at once")
     CHECK(stored("Form1_Pos") == "10,20,800,600");
     CHECK(store.GraphLeft(3) == -50);
     CHECK_FALSE(store.GraphLeft(2));
+    store.WriteGraphPlace(16, 1, 2);
+    store.ForgetGraphPlaces();
+    for (const char* key : {"GraphTop3", "GraphLeft3", "GraphTop16", "GraphLeft16"}) {
+        CHECK(stored(key) == "(none)");
+    }
+    CHECK(stored("TransLevel") == "-12");
+    store.WriteGraphPlace(3, 40, -50);
 
     CHECK(store.DeleteSection());
     CHECK(store.Number(Key::TransLevel) == 85);
