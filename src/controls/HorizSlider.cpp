@@ -15,8 +15,6 @@ using platform::systemColor;
 
 namespace {
 
-constexpr int kMost = 255;
-constexpr int kPage = 16;
 constexpr int kThumbWidth = 11;
 constexpr int kTrackHeight = 4;
 
@@ -42,9 +40,15 @@ Rect HorizSlider::Thumb() const {
     return {thumbLeft_, 0, thumbLeft_ + kThumbWidth, clientSize().height};
 }
 
+void HorizSlider::SetRange(int most, int page) {
+    most_ = most;
+    page_ = page;
+    SetValue(value_);
+}
+
 void HorizSlider::SetValue(int value) {
-    value_ = static_cast<std::int16_t>(std::clamp(value, 0, kMost));
-    thumbLeft_ = value_ * Travel() / kMost;
+    value_ = static_cast<std::int16_t>(std::clamp(value, 0, most_));
+    thumbLeft_ = value_ * Travel() / most_;
     if (exists()) invalidate();
 }
 
@@ -72,7 +76,7 @@ void HorizSlider::MoveThumb(int left) {
     if (travel == 0) return;
     thumbLeft_ = std::clamp(left, 0, travel);
     invalidate();
-    const int value = std::clamp((2 * thumbLeft_ * kMost + travel) / (2 * travel), 0, kMost);
+    const int value = std::clamp((2 * thumbLeft_ * most_ + travel) / (2 * travel), 0, most_);
     if (value == value_) return;
     value_ = static_cast<std::int16_t>(value);
     const auto change = Change;
@@ -130,7 +134,7 @@ void HorizSlider::onFocus(bool) {
 void HorizSlider::onKey(const platform::KeyEvent& event) {
     namespace key = platform::key;
     if (!event.down || dragging_) return;
-    const auto to = [this](int value) { ChangeTo(std::clamp(value, 0, kMost)); };
+    const auto to = [this](int value) { ChangeTo(std::clamp(value, 0, most_)); };
     switch (event.code) {
         case key::kLeft:
         case key::kUp:
@@ -139,13 +143,13 @@ void HorizSlider::onKey(const platform::KeyEvent& event) {
         case key::kDown:
             return to(value_ + 1);
         case key::kPageUp:
-            return to(value_ - kPage);
+            return to(value_ - page_);
         case key::kPageDown:
-            return to(value_ + kPage);
+            return to(value_ + page_);
         case key::kHome:
             return to(0);
         case key::kEnd:
-            return to(kMost);
+            return to(most_);
         default:
             return;
     }

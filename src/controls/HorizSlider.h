@@ -10,7 +10,7 @@
 namespace controls {
 
 // Moved by dragging the thumb, by pressing the track, where the thumb jumps to the pointer and can be dragged on,
-// or by keys: arrows one step, Page Up and Page Down sixteen, Home and End all the way.
+// or by keys: arrows one step, Page Up and Page Down a page, Home and End all the way.
 class HorizSlider : public platform::Window {
 public:
     std::function<void()> Change;  // the user gave it another value; not raised by SetValue
@@ -19,7 +19,9 @@ public:
     bool Create(platform::Window& parent, const std::string& instanceName, const platform::Rect& bounds);
     std::uintptr_t hwnd() const { return native(); }
 
-    // 0 at the left end to 255 at the right; SetValue brings others to the nearer end.
+    // From 0 to `most` (above 0) instead of 255, with pages of `page` steps instead of 16.
+    void SetRange(int most, int page);
+    // 0 at the left end to the most, 255, at the right; SetValue brings others to the nearer end.
     std::int16_t Value() const { return value_; }
     void SetValue(int value);
     bool Enabled() const { return enabled(); }
@@ -44,6 +46,8 @@ private:
     void ChangeTo(int value);
     void SetHovered(bool hovered);
 
+    int most_ = 255;
+    int page_ = 16;
     std::int16_t value_ = 0;
     int thumbLeft_ = 0;  // pixels; may lie between the places of two values
     int grip_ = 0;       // from the thumb's left edge to the pointer that drags it

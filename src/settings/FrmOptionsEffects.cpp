@@ -1,0 +1,229 @@
+// What the options dialog reads, writes, and has take effect.
+#include <utility>
+
+#include "platform/Files.h"
+#include "settings/FrmOptions.h"
+#include "settings/StartEntries.h"
+#include "text/Numbers.h"
+
+namespace settings {
+
+namespace {
+
+constexpr const char* kTrayTypes[] = {"Disabled", "Graph", "Number Lrg", "Number Sml"};
+constexpr int kStep = 10;  // seconds from one entry of the intervals to the next
+
+std::string Seconds(int steps) {
+    return text::Decimal(steps * kStep) + " seconds";
+}
+
+std::string ItemText(OptionItems items, int index, const OptionsHost& host) {
+    switch (items) {
+        case OptionItems::None:
+            break;
+        case OptionItems::Colours:
+            return ColourName(index);
+        case OptionItems::TrayTypes:
+            return kTrayTypes[index];
+        case OptionItems::Profiles:
+            return host.ProfileCaption(index + 1);
+        case OptionItems::Intervals:
+            return Seconds(index + 1);
+        case OptionItems::JrIntervals:
+            return index == 0 ? "Disabled" : Seconds(index);
+    }
+    return {};
+}
+
+}  // namespace
+
+// ---- reading ----
+
+void FrmOptions::Load() {
+    for (const OptionInfo& info : OptionTable()) {
+        Fill(info);
+        Read(info);
+    }
+    CheckAt(Option::ChkStart).SetValue(IsStartEntry(OwnStartEntry()));
+    CheckAt(Option::ChkStartJr).SetValue(IsStartEntry(kJrStartEntry));
+    ShowLevel();
+    levelPending_ = true;
+}
+
+void FrmOptions::Fill(const OptionInfo& info) {
+    if (info.kind != OptionKind::List) return;
+    List& list = ListAt(info.option);
+    list.Clear();
+    for (int i = 0; i < ItemCount(info.items); ++i) list.AddItem(ItemText(info.items, i, parts_.host));
+}
+
+void FrmOptions::Read(const OptionInfo& info) {
+    if (info.key == Key::Count) return;
+    const bool truth = InfoOf(info.key).type == KeyType::Bool;
+    const int stored = truth ? parts_.settings.Bool(info.key) : parts_.settings.Number(info.key);
+    if (info.kind == OptionKind::Check) CheckAt(info.option).SetValue(stored == 1);
+    if (info.kind == OptionKind::List) ListAt(info.option).SelectItem(ItemForStored(info.items, stored));
+    if (info.kind == OptionKind::Slider) LevelSlider().SetValue(stored);
+}
+
+// The slider counts while the graphs are not transparent.
+void FrmOptions::ShowLevel() {
+    const bool transparent = CheckAt(Option::ChkSeeThru).Value();
+    LevelSlider().SetEnabled(!transparent);
+    const std::string level = transparent ? "Off" : text::Decimal(LevelSlider().Value()) + "%";
+    At(Option::HScrl).label.SetCaption("Translucency: " + level);
+}
+
+// ---- what the user changes ----
+
+// The host, which every change ends with, may destroy the dialog.
+void FrmOptions::Changed(Option option) {
+    switch (option) {
+        case Option::ChkStart:
+            return StartChanged();
+        case Option::ChkStartJr:
+        case Option::CboFavJr:
+        case Option::CboEnforceJr:
+            return StartJrChanged();
+        case Option::HScrl:
+            return LevelChanged();
+        default:
+            break;
+    }
+    parts_.tips.Remove();
+    Write(InfoOf(option));
+    TakeEffect(InfoOf(option));
+}
+
+void FrmOptions::Write(const OptionInfo& info) {
+    if (info.key == Key::Count) return;
+    if (info.kind == OptionKind::List) {
+        parts_.settings.WriteNumber(info.key, ListAt(info.option).GetIndex());
+        return;
+    }
+    const bool value = CheckAt(info.option).Value();
+    if (InfoOf(info.key).type == KeyType::Bool) {
+        parts_.settings.WriteBool(info.key, value);
+    } else {
+        parts_.settings.WriteNumber(info.key, value ? 1 : 0);
+    }
+}
+
+void FrmOptions::TakeEffect(const OptionInfo& info) {
+    OptionsHost& host = parts_.host;
+    switch (info.option) {
+        case Option::ChkSeeThru:
+            return SeeThroughChanged();
+        case Option::ChkEdgeDetect:
+            return host.SetEdgeDetection(CheckAt(info.option).Value());
+        case Option::ChkCPUGraphTop:
+        case Option::ChkCpuTips:
+            return host.ReloadGraphOptions();
+        case Option::CboGphCap:
+        case Option::CboGphVal:
+            return host.RecolorGraphs();
+        case Option::CmdShowTtl:
+            return host.ShowTotalGraph();
+        case Option::ChkShadow:
+            return ShadowChanged();
+        case Option::ChkHotKey:
+            return host.SetHotkeys(CheckAt(info.option).Value());
+        case Option::CboTrayType:
+        case Option::CboTrayColr:
+        case Option::CboTrayBrdr:
+            return host.TrayOptionsChanged();
+        case Option::CmdHdrW:
+            return ResetColumns();
+        case Option::CmdClean:
+            return RestoreAll();
+        case Option::CmdHelp:
+            return host.ViewHelp();
+        case Option::CmdExit:
+            return Close();
+        default:
+            return host.OptionChanged(info.key);
+    }
+}
+
+void FrmOptions::SeeThroughChanged() {
+    ShowLevel();
+    if (CheckAt(Option::ChkSeeThru).Value()) {
+        parts_.host.SetGraphsTransparent();
+    } else {
+        parts_.host.SetGraphsTranslucent(LevelSlider().Value());
+    }
+}
+
+// Written when the dialog closes: while the thumb is dragged there is a new level with every pixel.
+void FrmOptions::LevelChanged() {
+    levelPending_ = true;
+    ShowLevel();
+    parts_.host.SetGraphsTranslucent(LevelSlider().Value());
+}
+
+void FrmOptions::SaveLevel() {
+    if (!std::exchange(levelPending_, false)) return;
+    parts_.settings.WriteNumber(Key::TransLevel, LevelSlider().Value());
+}
+
+void FrmOptions::ShadowChanged() {
+    if (Ask("Kestrum must be restarted to see effect. Restart Kestrum 2 now?") != controls::kMsgYes) return;
+    SaveLevel();  // before the next copy reads it
+    parts_.host.Restart();
+}
+
+void FrmOptions::ResetColumns() {
+    if (Ask("Reset column widths and splitter bar to defaults?") == controls::kMsgNo) return;
+    parts_.host.ResetColumns();
+}
+
+void FrmOptions::RestoreAll() {
+    if (Ask("Delete all saved interface settings and exit?") != controls::kMsgYes) return;
+    levelPending_ = false;  // nothing is to be left behind
+    parts_.host.RestoreDefaults();
+}
+
+// ---- starting with Windows: the program or Kestrum Jr., not both ----
+
+void FrmOptions::StartChanged() {
+    const bool start = CheckAt(Option::ChkStart).Value();
+    if (start) {
+        SetStartEntry(kJrStartEntry, parts_.folder, false, {});
+        CheckAt(Option::ChkStartJr).SetValue(false);
+    }
+    SetStartEntry(OwnStartEntry(), parts_.folder, start, {});
+}
+
+void FrmOptions::StartJrChanged() {
+    if (!platform::fileExists(StartProgram(parts_.folder, kJrStartEntry))) {
+        Say(std::string("Missing File: ") + kJrStartEntry + ".exe", controls::MsgStyle::Information,
+            "File Missing");
+        CheckAt(Option::ChkStartJr).SetValue(false);
+        SetStartEntry(kJrStartEntry, parts_.folder, false, {});
+        return;
+    }
+    const int profile = ListAt(Option::CboFavJr).GetIndex();
+    const int interval = ListAt(Option::CboEnforceJr).GetIndex();
+    const bool start = CheckAt(Option::ChkStartJr).Value();
+    if (start) {
+        CheckAt(Option::ChkStart).SetValue(false);
+        SetStartEntry(OwnStartEntry(), parts_.folder, false, {});
+    }
+    const std::string task = parts_.host.JrTask(profile + 1, interval * kStep);
+    SetStartEntry(kJrStartEntry, parts_.folder, start, " " + task);
+    parts_.settings.WriteNumber(Key::FavNameJr, profile);
+    parts_.settings.WriteNumber(Key::JrEnforceInterval, interval);
+}
+
+// ---- messages ----
+
+int FrmOptions::Say(const std::string& text, controls::MsgStyle style, const std::string& title) {
+    parts_.tips.Remove();
+    return parts_.msgBoxes.Show(text, style, title, *this, parts_.settings.Number(Key::MsgBeep) == 1);
+}
+
+int FrmOptions::Ask(const std::string& question) {
+    return Say(question, controls::MsgStyle::Question, controls::kInfoTitle);
+}
+
+}  // namespace settings

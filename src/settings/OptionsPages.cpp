@@ -1,0 +1,36 @@
+#include "settings/OptionsPages.h"
+
+namespace settings {
+
+using platform::Rect;
+using platform::SysColor;
+using platform::systemColor;
+
+namespace {
+constexpr int kMarkHeight = 3;
+constexpr int kMarkInset = 4;  // leaves the round corners of the button alone
+}  // namespace
+
+bool OptionsPage::Create(platform::Window& parent, const std::string& instanceName) {
+    return createChild(parent, "Framez", instanceName, {0, 0, 1, 1}, platform::TabStop::No);
+}
+
+void OptionsPage::onPaint(platform::Canvas& canvas, const Rect& dirty) {
+    canvas.fill(dirty, systemColor(SysColor::ButtonFace));
+    canvas.edge(Rect::fromSize({0, 0}, clientSize()), platform::Edge::Etched);
+}
+
+void OptionsPageButton::SetActive(bool active) {
+    if (active == active_) return;
+    active_ = active;
+    if (exists()) invalidate();
+}
+
+void OptionsPageButton::Paint(platform::Canvas& canvas, const Rect& area) {
+    XPbutn::Paint(canvas, area);
+    if (!active_) return;
+    canvas.fill({area.left + kMarkInset, area.bottom - kMarkHeight, area.right - kMarkInset, area.bottom},
+                systemColor(SysColor::Highlight));
+}
+
+}  // namespace settings
