@@ -1,9 +1,12 @@
 #include "graphs/FrmColorMeter.h"
 
+#include <string_view>
+
 #include "controls/PictureMenu.h"
 #include "graphs/GraphLooks.h"
 #include "process/ProcessDetails.h"
 #include "settings/WindowPosition.h"
+#include "text/Split.h"
 
 namespace graphs {
 
@@ -20,7 +23,8 @@ constexpr char kTitle[] = "CPU usage";
 
 constexpr int kBars = static_cast<int>(LoadHistory::kSamples);
 constexpr Size kSize{kBars + 2, kPlotHeight + 2};
-constexpr int kGap = 4;  // pixels to the edges of the work area where it first stands
+constexpr int kGap = 4;       // pixels to the edges of the work area where it first stands
+constexpr int kTextRoom = 5;  // above and below the text
 
 // Clear, but no traffic light.
 constexpr Color kLow = platform::rgb(63, 178, 96);
@@ -103,12 +107,6 @@ void FrmColorMeter::GraphTimer() {
 }
 
 void FrmColorMeter::onPaint(Canvas& canvas, const Rect&) {
-    const Color ground = average_ ? GroundFor(Options().captionColor) : GroundFor(kMiddle);
-    if (SeenThrough()) {
-        canvas.fill(Rect::fromSize({}, kSize), kHole);
-    } else {
-        DrawGround(canvas, kSize, ground);
-    }
     if (average_) {
         DrawAverage(canvas);
     } else {
@@ -117,6 +115,11 @@ void FrmColorMeter::onPaint(Canvas& canvas, const Rect&) {
 }
 
 void FrmColorMeter::DrawBars(Canvas& canvas) const {
+    if (SeenThrough()) {
+        DrawHole(canvas, kSize, GroundFor(kMiddle));
+    } else {
+        DrawGround(canvas, kSize, GroundFor(kMiddle));
+    }
     const auto samples = history_.Samples();
     // Neighbours of one height are copied together.
     for (int from = 0; from < kBars;) {
@@ -132,12 +135,18 @@ void FrmColorMeter::DrawBars(Canvas& canvas) const {
 }
 
 void FrmColorMeter::DrawAverage(Canvas& canvas) const {
+    using platform::Font;
     const Color ink = Options().captionColor;
-    const int height = 2 * platform::textSize("0", platform::Font::Normal).height;
-    const int top = (kSize.height - height) / 2;
-    const Rect area{1, top, kSize.width - 1, top + height};
-    if (SeenThrough()) canvas.fill(area, GroundFor(ink));
-    canvas.text(area, averageText_, ink, platform::Font::Normal, platform::kTextNoPrefix);
+    const std::string_view time = std::string_view(averageText_).substr(0, averageText_.find('\r'));
+    const Size line = platform::textSize(text::Trim(time), Font::Normal);
+    const int blanks = platform::textSize(time, Font::Normal).width - line.width;
+    // In the middle is what there is to be seen, not the blanks before it.
+    const int left = (kSize.width - line.width) / 2 - blanks;
+    const int top = (kSize.height - 2 * line.height) / 2;
+    const Rect area{0, top - kTextRoom, kSize.width, top + 2 * line.height + kTextRoom};
+    if (SeenThrough()) canvas.fill(Rect::fromSize({}, kSize), kHole);
+    DrawPanel(canvas, SeenThrough() ? area : Rect::fromSize({}, kSize), GroundFor(ink));
+    canvas.text({left, top, kSize.width, area.bottom}, averageText_, ink, Font::Normal, platform::kTextNoPrefix);
 }
 
 void FrmColorMeter::RunMenu(platform::Point screen) {

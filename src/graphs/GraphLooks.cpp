@@ -23,9 +23,11 @@ constexpr int kDarkInk = 60;  // brightness up to which an ink is lost on the da
 // Percent of the ink, or of black or white, in the ground.
 constexpr int kGrid = 9;
 constexpr int kFrame = 24;
+constexpr int kBaseLine = 50;
 constexpr int kFillTop = 60;
 constexpr int kFillBottom = 18;
-constexpr int kFaint = 38;  // the plot behind the caption
+constexpr int kFaint = 38;      // the line behind the caption
+constexpr int kFaintFill = 16;  // and what lies under it
 
 constexpr int kTextRoom = 3;  // left and right of a text
 
@@ -54,11 +56,8 @@ void DrawLine(Canvas& canvas, Samples samples, Color color, Point shift = {}) {
     canvas.pixel(at(last), color);
 }
 
-// What lies under the line, in a shade that is the stronger the higher it reaches.
-void DrawFill(Canvas& canvas, Size size, Samples samples, Color ink, Color ground) {
-    canvas.gradient(Rect::fromSize({}, size), Mixed(ground, ink, kFillTop), Mixed(ground, ink, kFillBottom),
-                    platform::Direction::Vertical);
-    // The ground above: one rectangle for all neighbours of one height.
+// Covers what is not under the line: one rectangle for all neighbours of one height.
+void DrawAbove(Canvas& canvas, Size size, Samples samples, Color ground) {
     const int count = static_cast<int>(samples.size());
     for (int from = 0; from < count;) {
         const int level = PointOf(samples, from).y;
@@ -70,13 +69,28 @@ void DrawFill(Canvas& canvas, Size size, Samples samples, Color ink, Color groun
     canvas.fill({count, 0, size.width, size.height}, ground);
 }
 
+// What lies under the line, in a shade that is the stronger the higher it reaches.
+void DrawFill(Canvas& canvas, Size size, Samples samples, Color ink, Color ground) {
+    canvas.gradient(Rect::fromSize({}, size), Mixed(ground, ink, kFillTop), Mixed(ground, ink, kFillBottom),
+                    platform::Direction::Vertical);
+    DrawAbove(canvas, size, samples, ground);
+}
+
+Color OppositeOf(Color ground) {
+    return ground == kLightGround ? kBlack : kWhite;
+}
+
+void DrawFrame(Canvas& canvas, const Rect& area, Color ground) {
+    canvas.frame(area, Mixed(ground, OppositeOf(ground), kFrame));
+}
+
 void DrawGrid(Canvas& canvas, Size size, Color ground) {
-    const Color opposite = ground == kLightGround ? kBlack : kWhite;
+    const Color opposite = OppositeOf(ground);
     for (const int quarter : {1, 2, 3}) {
         const int y = kPlotHeight * quarter / 4;
         canvas.fill({0, y, size.width, y + 1}, Mixed(ground, opposite, kGrid));
     }
-    canvas.frame(Rect::fromSize({}, size), Mixed(ground, opposite, kFrame));
+    DrawFrame(canvas, Rect::fromSize({}, size), ground);
 }
 
 }  // namespace
@@ -95,9 +109,20 @@ Color Mixed(Color a, Color b, int percent) {
     return mixed;
 }
 
+void DrawPanel(Canvas& canvas, const Rect& area, Color ground) {
+    canvas.fill(area, ground);
+    DrawFrame(canvas, area, ground);
+}
+
 void DrawGround(Canvas& canvas, Size size, Color ground) {
     canvas.fill(Rect::fromSize({}, size), ground);
     DrawGrid(canvas, size, ground);
+}
+
+void DrawHole(Canvas& canvas, Size size, Color ground) {
+    canvas.fill(Rect::fromSize({}, size), kHole);
+    // Grey, which is told from black and from white.
+    canvas.fill({0, size.height - 1, size.width, size.height}, Mixed(ground, OppositeOf(ground), kBaseLine));
 }
 
 void DrawPlot(Canvas& canvas, Size size, Samples samples, Color ink, bool seenThrough) {
@@ -122,7 +147,11 @@ void DrawCaption(Canvas& canvas, Size size, std::string_view text, Color ink, Sa
     if (!canvas.needsPaint(strip)) return;
     const Color ground = GroundFor(ink);
     const platform::ClipGuard clip(canvas, strip);
-    canvas.fill(strip, ground);
+    canvas.fill(strip, seenThrough ? ground : Mixed(ground, plotInk, kFaintFill));
+    if (!seenThrough) {
+        DrawAbove(canvas, size, samples, ground);
+        DrawFrame(canvas, Rect::fromSize({}, size), ground);
+    }
     DrawLine(canvas, samples, Mixed(ground, plotInk, kFaint));
     canvas.text(
         strip.inset(kTextRoom, 0), text, ink, Font::Normal,

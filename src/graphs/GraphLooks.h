@@ -21,8 +21,14 @@ platform::Color GroundFor(platform::Color ink);
 // `percent` of `b` in `a`.
 platform::Color Mixed(platform::Color a, platform::Color b, int percent);
 
+// A place for text: `ground` within a thin frame.
+void DrawPanel(platform::Canvas& canvas, const platform::Rect& area, platform::Color ground);
+
 // An empty graph, as it is behind what it shows: `ground` with grid lines at the quarters and a thin frame.
 void DrawGround(platform::Canvas& canvas, platform::Size size, platform::Color ground);
+
+// The same seen through: all that is there is a line below, so that a graph of nothing is found.
+void DrawHole(platform::Canvas& canvas, platform::Size size, platform::Color ground);
 
 // The course of the samples (percent, the newest one at the right): a line from (i, 100 - sample) on for each, on
 // its ground. Seen through, only the line remains, with an outline that sets it off from any desktop.
