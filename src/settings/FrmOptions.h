@@ -95,6 +95,7 @@ private:
     // FrmOptionsLayout.cpp
     platform::Size LayOut();
     Columns Measure();
+    int ButtonWidth() const;
     platform::Size PreferredSize(Option option);
     void PlaceOnPage(const OptionInfo& info, const Columns& columns);
     platform::Size PlaceAround(platform::Size page);

@@ -71,7 +71,9 @@ void FrmOptions::ShowLevel() {
     const bool transparent = CheckAt(Option::ChkSeeThru).Value();
     LevelSlider().SetEnabled(!transparent);
     const std::string level = transparent ? "Off" : text::Decimal(LevelSlider().Value()) + "%";
-    At(Option::HScrl).label.SetCaption("Translucency: " + level);
+    controls::Label& label = At(Option::HScrl).label;
+    label.SetCaption("Translucency: " + level);
+    label.SetEnabled(!transparent);
 }
 
 // ---- what the user changes ----

@@ -18,6 +18,7 @@ constexpr int kGap = 7;            // between neighbours
 constexpr int kColumnGap = 24;     // between the columns
 constexpr int kLabelGap = 8;       // between a label and what it belongs to
 constexpr int kRowGap = 6;         // between rows
+constexpr int kFootGap = 8;        // more, above the buttons of a page
 constexpr int kRows = 5;           // of a page
 constexpr int kListMargin = 4;     // more than a list needs, so that it is easily hit
 constexpr int kSliderWidth = 100;  // at least
@@ -39,7 +40,7 @@ Size FrmOptions::LayOut() {
     for (const OptionInfo& info : OptionTable()) {
         if (info.page != OptionPage::Below) PlaceOnPage(info, columns);
     }
-    const int height = kRows * columns.row + (kRows - 1) * kRowGap;
+    const int height = kRows * columns.row + (kRows - 1) * kRowGap + kFootGap;
     const Size client = PlaceAround({columns.left + kColumnGap + columns.Right() + 2 * kPad, height + 2 * kPad});
     const Size frame = controls::FrameOf(*this);
     return {client.width + frame.width, client.height + frame.height};
@@ -66,12 +67,22 @@ FrmOptions::Columns FrmOptions::Measure() {
     return columns;
 }
 
+// All push buttons are as wide as the widest.
+int FrmOptions::ButtonWidth() const {
+    int width = kButtonWidth;
+    for (const Item& item : items_) {
+        if (const auto* button = std::get_if<Button>(&item.control)) {
+            width = std::max(width, button->PreferredSize().width);
+        }
+    }
+    return width;
+}
+
 Size FrmOptions::PreferredSize(Option option) {
     auto& control = At(option).control;
     if (const auto* check = std::get_if<Check>(&control)) return check->PreferredSize();
     if (const auto* button = std::get_if<Button>(&control)) {
-        const Size size = button->PreferredSize();
-        return {std::max(size.width, kButtonWidth), size.height};
+        return {ButtonWidth(), button->PreferredSize().height};
     }
     const Size words = platform::textSize("Xg", platform::Font::Normal);
     if (const auto* list = std::get_if<List>(&control)) {
@@ -82,7 +93,8 @@ Size FrmOptions::PreferredSize(Option option) {
 }
 
 void FrmOptions::PlaceOnPage(const OptionInfo& info, const Columns& columns) {
-    const int top = kPad + info.row * (columns.row + kRowGap);
+    const int foot = info.kind == OptionKind::Button ? kFootGap : 0;
+    const int top = kPad + info.row * (columns.row + kRowGap) + foot;
     const Size size = PreferredSize(info.option);
     const auto inRow = [&](int left, Size what) {
         return Rect::fromSize({left, top + (columns.row - what.height) / 2}, what);

@@ -7,8 +7,9 @@ using platform::SysColor;
 using platform::systemColor;
 
 namespace {
+// The mark lies within the border of the button and leaves its round corners and the focus rectangle alone.
+constexpr int kMarkInset = 2;
 constexpr int kMarkHeight = 3;
-constexpr int kMarkInset = 4;  // leaves the round corners of the button alone
 }  // namespace
 
 bool OptionsPage::Create(platform::Window& parent, const std::string& instanceName) {
@@ -29,7 +30,8 @@ void OptionsPageButton::SetActive(bool active) {
 void OptionsPageButton::Paint(platform::Canvas& canvas, const Rect& area) {
     XPbutn::Paint(canvas, area);
     if (!active_) return;
-    canvas.fill({area.left + kMarkInset, area.bottom - kMarkHeight, area.right - kMarkInset, area.bottom},
+    const int bottom = area.bottom - 1;
+    canvas.fill({area.left + kMarkInset, bottom - kMarkHeight, area.right - kMarkInset, bottom},
                 systemColor(SysColor::Highlight));
 }
 

@@ -148,6 +148,7 @@ TEST_CASE("the translucency counts while the graphs are not transparent, and is 
         bench.Click(Option::ChkSeeThru);
         CHECK(sim::findWindow("Translucency: Off") != nullptr);
         CHECK_FALSE(bench.Slider().Enabled());
+        CHECK_FALSE(sim::findWindow("Translucency: Off")->enabled());
         bench.Click(Option::ChkSeeThru);
         CHECK(sim::findWindow("Translucency: 85%") != nullptr);
         bench.TakeCalls();
