@@ -1,5 +1,5 @@
 // Target.exe: a program to set affinity and priority of. It idles behind a small window until that is closed,
-// the given process ends, or its time is over: it never outlives a test.
+// the given process ends, or its time is over: it never outlives a test. The window shows what it was started with.
 //   Target.exe [SECONDS [PARENT_PID]]     60 seconds when not given
 #include <windows.h>
 
@@ -7,6 +7,14 @@
 #include <cstdlib>
 
 namespace {
+
+// What follows the program's name, as it stands.
+const char* Arguments() {
+    const char* line = GetCommandLineA();
+    bool quoted = false;
+    for (; *line != 0 && (quoted || *line != ' '); ++line) quoted = quoted != (*line == '"');
+    return *line != 0 ? line + 1 : line;
+}
 
 LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_DESTROY) PostQuitMessage(0);
@@ -24,6 +32,8 @@ void ShowTargetWindow() {
     std::snprintf(title, sizeof title, "Target %lu", GetCurrentProcessId());
     HWND window = CreateWindowExA(0, "KestrumTarget", title, WS_OVERLAPPEDWINDOW, 1030, 680, 240, 90, nullptr,
                                   nullptr, windowClass.hInstance, nullptr);
+    CreateWindowExA(0, "STATIC", Arguments(), WS_CHILD | WS_VISIBLE, 8, 8, 216, 20, window, nullptr,
+                    windowClass.hInstance, nullptr);
     ShowWindow(window, SW_SHOWNOACTIVATE);
 }
 

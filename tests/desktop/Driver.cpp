@@ -100,6 +100,12 @@ std::map<std::string, std::size_t> FileSizes(const std::string& folder) {
     return sizes;
 }
 
+bool FileBecomes(const std::string& path, const std::string& content) {
+    const std::size_t split = path.rfind('\\') + 1;
+    return WaitFor([&] { return FileSizes(path.substr(0, split))[path.substr(split)] == content.size(); }) &&
+           ReadWholeFile(path) == content;
+}
+
 std::optional<std::string> ReadSetting(const std::string& key) {
     HKEY section;
     if (RegOpenKeyExA(HKEY_CURRENT_USER, kSection, 0, KEY_READ, &section) != ERROR_SUCCESS) return std::nullopt;
@@ -131,6 +137,11 @@ Process::Process(const std::string& commandLine) {
     if (!CreateProcessA(nullptr, text.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &info_)) {
         std::printf("cannot start %s: error %lu\n", commandLine.c_str(), GetLastError());
     }
+}
+
+Process::Process(HWND window) {
+    GetWindowThreadProcessId(window, &info_.dwProcessId);
+    info_.hProcess = OpenProcess(PROCESS_ALL_ACCESS, FALSE, info_.dwProcessId);
 }
 
 Process::~Process() {
@@ -216,9 +227,7 @@ HWND WaitForWindow(const Process& process, const char* className, const char* ca
 HWND Child(HWND parent, const char* className, const char* text) {
     HWND child = nullptr;
     while ((child = FindWindowExA(parent, child, className, nullptr)) != nullptr) {
-        char own[128] = "";
-        SendMessageA(child, WM_GETTEXT, sizeof own, reinterpret_cast<LPARAM>(own));  // FindWindowEx can't see it
-        if (std::string(own) == text) break;
+        if (TextOf(child) == text) break;
     }
     return child;
 }
@@ -249,9 +258,11 @@ void Click(HWND window, Point at) {
 }
 
 void ClickScreen(Point at, MouseKey key) {
+    static constexpr DWORD kDown[] = {MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_RIGHTDOWN, MOUSEEVENTF_MIDDLEDOWN};
+    static constexpr DWORD kUp[] = {MOUSEEVENTF_LEFTUP, MOUSEEVENTF_RIGHTUP, MOUSEEVENTF_MIDDLEUP};
     MovePointer(at);
-    SendMouse(key == MouseKey::Left ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN);
-    SendMouse(key == MouseKey::Left ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_RIGHTUP);
+    SendMouse(kDown[static_cast<int>(key)]);
+    SendMouse(kUp[static_cast<int>(key)]);
 }
 
 bool Drag(HWND window, const std::function<Point()>& grip, Point end, const std::function<bool()>& arrived) {
@@ -291,6 +302,16 @@ void HoldKey(WORD key, bool down) {
 void PressKeyIn(HWND window, WORD key) {
     PostMessageA(window, WM_KEYDOWN, key, 0);
     PostMessageA(window, WM_KEYUP, key, 0);
+}
+
+void TypeIn(HWND box, const std::string& text) {
+    for (const char c : text) PostMessageA(box, WM_CHAR, static_cast<unsigned char>(c), 0);
+}
+
+std::string TextOf(HWND window) {
+    char text[256] = "";
+    SendMessageA(window, WM_GETTEXT, sizeof text, reinterpret_cast<LPARAM>(text));  // GetWindowText can't see it
+    return text;
 }
 
 HWND WaitForDialog(const char* caption) {

@@ -33,6 +33,9 @@ void WriteWholeFile(const std::string& path, const std::string& content);
 // Names and sizes of a folder's files. Opens none of them: an open file can't be replaced.
 std::map<std::string, std::size_t> FileSizes(const std::string& folder);
 
+// Waits until the file has that content, looking at its size until that is right: see FileSizes.
+bool FileBecomes(const std::string& path, const std::string& content);
+
 // The program's settings section. Read gives nullopt for a missing value.
 std::optional<std::string> ReadSetting(const std::string& key);
 void WriteSetting(const std::string& key, const std::string& value);
@@ -42,6 +45,7 @@ void DeleteSettings();
 class Process {
 public:
     explicit Process(const std::string& commandLine);
+    explicit Process(HWND window);  // the one that made the window
     ~Process();
     Process(const Process&) = delete;
     Process& operator=(const Process&) = delete;
@@ -84,7 +88,7 @@ Point ToScreen(HWND window, Point at);
 // Real input at a point of the window's client area. Two clicks at the same place within the double-click time are
 // a double click, as for a user.
 void Click(HWND window, Point at);
-enum class MouseKey { Left, Right };
+enum class MouseKey { Left, Right, Middle };
 void ClickScreen(Point at, MouseKey key);
 // Drags what `window` shows at `grip` to `end` (screen pixels), again from where it is then until it has arrived.
 bool Drag(HWND window, const std::function<Point()>& grip, Point end, const std::function<bool()>& arrived);
@@ -95,6 +99,9 @@ void PressKey(WORD key, bool withCtrl = false);
 void HoldKey(WORD key, bool down);
 // Gives a key to one window, whichever has the focus.
 void PressKeyIn(HWND window, WORD key);
+// Writes into a text box.
+void TypeIn(HWND box, const std::string& text);
+std::string TextOf(HWND window);
 // A message box or dialog that is shown.
 HWND WaitForDialog(const char* caption);
 // Puts the pointer where it hovers over nothing.

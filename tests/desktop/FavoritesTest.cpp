@@ -1,8 +1,6 @@
 // What the program is for: favourites get their affinity and priority, and their profile survives anything.
 #include <doctest/doctest.h>
 
-#include <cstdio>
-
 #include "desktop/Session.h"
 
 using namespace desktop;
@@ -10,16 +8,6 @@ using namespace desktop;
 namespace {
 
 constexpr int kAutoSet = 6;
-
-// Bounded by what a user would call broken; the time it took is printed.
-bool BecomesSet(const Process& target, DWORD_PTR affinity, DWORD priorityClass) {
-    const DWORD start = GetTickCount();
-    const bool set =
-        WaitFor([&] { return target.Affinity() == affinity && target.PriorityClass() == priorityClass; }, 10000);
-    std::printf("set after %lu ms: affinity %llx, class %lx\n", GetTickCount() - start,
-                static_cast<unsigned long long>(target.Affinity()), target.PriorityClass());
-    return set;
-}
 
 }  // namespace
 

@@ -1,5 +1,7 @@
 #include "desktop/Session.h"
 
+#include <cstdio>
+
 #include "controls/ToolBarGeometry.h"
 
 namespace desktop {
@@ -32,8 +34,23 @@ std::string Installation::AddProgram(const std::string& name) const {
     return folder_ + name;
 }
 
-std::string FavoriteLine(const std::string& affinity, const std::string& priority, const std::string& path) {
-    return path.substr(path.rfind('\\') + 1) + '\t' + affinity + '\t' + priority + '\t' + path + "\t\r\n";
+void Installation::AddJr() const {
+    CopyFileA((ProductFolder() + "Kestrum_Jr.exe").c_str(), (folder_ + "Kestrum_Jr.exe").c_str(), FALSE);
+}
+
+std::string FavoriteLine(const std::string& affinity, const std::string& priority, const std::string& path,
+                         const std::string& param) {
+    return path.substr(path.rfind('\\') + 1) + '\t' + affinity + '\t' + priority + '\t' + path + '\t' + param +
+           "\r\n";
+}
+
+bool BecomesSet(const Process& target, DWORD_PTR affinity, DWORD priorityClass) {
+    const DWORD start = GetTickCount();
+    const bool set =
+        WaitFor([&] { return target.Affinity() == affinity && target.PriorityClass() == priorityClass; }, 10000);
+    std::printf("set after %lu ms: affinity %llx, class %lx\n", GetTickCount() - start,
+                static_cast<unsigned long long>(target.Affinity()), target.PriorityClass());
+    return set;
 }
 
 controls::UcListLayout List::Layout() const {
@@ -80,12 +97,12 @@ int List::FirstColumnEdge() const {
 }
 
 bool List::ClickRow(int slot) const {
+    return Repeat([&](int aside) { ClickRowWith(MouseKey::Left, slot, aside); }, [&] { return Selected(slot); });
+}
+
+void List::ClickRowWith(MouseKey key, int slot, int aside) const {
     const Rect row = Row(slot);
-    return Repeat(
-        [&](int aside) {
-            Click(window_, {row.left + 40 + aside, row.top + 8});
-        },
-        [&] { return Selected(slot); });
+    ClickScreen(ToScreen(window_, {row.left + 40 + aside, row.top + 8}), key);
 }
 
 std::vector<Picture> List::Rows(int width) const {

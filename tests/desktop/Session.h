@@ -16,7 +16,9 @@ public:
     Installation();
     const std::string& Folder() const { return folder_; }  // with a trailing "\"
     std::string Target() const { return folder_ + "Target.exe"; }
-    std::string ProfilePath() const { return folder_ + "My Favs 1"; }
+    std::string ProfilePath(int number = 1) const { return folder_ + "My Favs " + std::to_string(number); }
+    // Adds Kestrum Jr.
+    void AddJr() const;
     // Adds a second program, a copy of Target.exe under another name; gives its path.
     std::string AddProgram(const std::string& name) const;
 
@@ -25,7 +27,11 @@ private:
 };
 
 // A line of a profile file.
-std::string FavoriteLine(const std::string& affinity, const std::string& priority, const std::string& path);
+std::string FavoriteLine(const std::string& affinity, const std::string& priority, const std::string& path,
+                         const std::string& param = "");
+
+// The process gets affinity and priority class within what a user would call broken; the time it took is printed.
+bool BecomesSet(const Process& target, DWORD_PTR affinity, DWORD priorityClass);
 
 // A list control, looked at from outside.
 class List {
@@ -44,6 +50,8 @@ public:
     std::vector<Picture> Rows(int width) const;
     // Clicks into the row until it is selected.
     bool ClickRow(int slot) const;
+    // One click into the row, so many pixels beside its name.
+    void ClickRowWith(MouseKey key, int slot, int aside) const;
     void ClickHeader(int x) const { Click(window_, {x, 10}); }
 
 private:
