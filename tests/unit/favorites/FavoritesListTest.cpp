@@ -93,6 +93,23 @@ TEST_CASE("programs that are gone leave the profile with one balloon, and their 
     CHECK(Bench::Saved() == "(no file)");
 }
 
+TEST_CASE("what is no program file counts as gone: a folder, a share that is away, a path without end") {
+    Bench bench;
+    sim::putFolder("C:\\Folder.exe");
+    const std::string endless = "C:\\" + std::string(10000, 'x') + ".exe";
+    std::string content = kHeader + Line("a.exe");
+    for (const std::string& path :
+         {std::string("C:\\Folder.exe"), std::string("\\\\away\\share\\p.exe"), endless}) {
+        content += "P.exe\t01\tHigh\t" + path + "\t\r\n";
+    }
+    sim::putFile(kProfile, content);
+    bench.favs.LoadFavorites();
+    CHECK(bench.Shown() == Names{"a.exe"});
+    CHECK(Bench::Saved() == kHeader + Line("a.exe"));
+    REQUIRE(bench.balloons.size() == 1);
+    CHECK(bench.balloons[0].find("3 favorites not found") != std::string::npos);
+}
+
 TEST_CASE("a program is added once, sorted in and saved") {
     Bench bench;
     CHECK(bench.favs.AddFav("C:\\b.exe", "013") == AddFavResult::Added);
