@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,8 +19,16 @@ platform::Color pixelAt(platform::Window& window, platform::Point at);
 void movePointer(platform::Window& window, platform::Point at);
 // What the user sees of the pointer, wherever it is.
 platform::Pointer shownPointer();
+// How the system shows a top-level window, asked of the system.
+struct Shown {
+    int alpha = 255;
+    std::optional<platform::Color> hole;
+};
+Shown shownThrough(const platform::Window& window);
 // Moves the pointer there and clicks; the events go where the system has them go when the message loop runs.
 void clickOnScreen(platform::Window& window, platform::Point at);
+// Presses the left button there, moves the pointer that far, holds it for a while, and lets the button go.
+void dragOnScreen(platform::Window& window, platform::Point at, platform::Point delta);
 void mouseDown(platform::Window& window, platform::Point at, platform::MouseButton button,
                platform::Modifiers modifiers = {});
 void mouseUp(platform::Window& window, platform::Point at, platform::MouseButton button);
@@ -27,6 +36,10 @@ void doubleClick(platform::Window& window, platform::Point at);  // left: down, 
 void wheel(platform::Window& window, platform::Point at, int delta);
 // A key goes down and up again in the window that has the focus.
 void pressKey(std::uint16_t code, platform::Modifiers modifiers = {});
+// A key goes down or up on the keyboard itself, whoever has the focus.
+void moveKey(std::uint16_t code, bool down);
+// Puts a text on the clipboard and inserts it into the text box that has the focus.
+void paste(const std::string& text);
 // Types into the window that has the focus.
 void typeText(const std::string& text);
 void closeBox(platform::Window& window);

@@ -22,8 +22,17 @@ platform::Pointer shownPointer() {
     return sim::pointerShape();
 }
 
+Shown shownThrough(const Window& window) {
+    const sim::Translucency translucency = sim::translucency(window);
+    return {translucency.alpha, translucency.hole};
+}
+
 void clickOnScreen(Window& window, Point at) {
-    sim::setPointer(window, at);
+    sim::clickOnScreen(window.toScreen(at));
+}
+
+void dragOnScreen(Window& window, Point at, Point delta) {
+    sim::whenDragged(delta);
     sim::click(window, at);
 }
 
@@ -45,6 +54,18 @@ void wheel(Window& window, Point at, int delta) {
 
 void pressKey(std::uint16_t code, platform::Modifiers modifiers) {
     sim::pressKey(code, modifiers);
+}
+
+void moveKey(std::uint16_t code, bool down) {
+    if (down) {
+        sim::holdKey(code);
+    } else {
+        sim::releaseKey(code);
+    }
+}
+
+void paste(const std::string& text) {
+    sim::pasteText(text);
 }
 
 void typeText(const std::string& text) {

@@ -1,4 +1,5 @@
 #include "contract/Desktop.h"
+#include "contract/Machine.h"
 #include "platform/Machine.h"
 #include "platform/Timer.h"
 #include "platform/win32/Win32.h"
@@ -104,6 +105,31 @@ void clickOnScreen(Window& window, Point at) {
     mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
 }
 
+Shown shownThrough(const Window& window) {
+    Shown shown;
+    COLORREF hole = 0;
+    BYTE alpha = 255;
+    DWORD what = 0;
+    if (!GetLayeredWindowAttributes(hwndOf(window), &hole, &alpha, &what)) return shown;
+    if ((what & LWA_ALPHA) != 0) shown.alpha = alpha;
+    if ((what & LWA_COLORKEY) != 0) shown.hole = hole;
+    return shown;
+}
+
+// A timer moves on and lets go, as the drag has a message loop of its own.
+void dragOnScreen(Window& window, Point at, Point delta) {
+    const Point from = window.toScreen(at);
+    const Point to{from.x + delta.x, from.y + delta.y};
+    int ticks = 0;
+    movePointer(window, at);
+    const platform::TimerHandle hand = platform::startTimer(50, [&ticks, to](std::uintptr_t) {
+        if (++ticks == 4) SetCursorPos(to.x, to.y);
+        if (ticks == 8) mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
+    });
+    mouse_event(MOUSEEVENTF_LEFTDOWN, 0, 0, 0, 0);
+    waitFor([&ticks] { return ticks > 8; });
+}
+
 void mouseDown(Window& window, Point at, MouseButton button, platform::Modifiers modifiers) {
     SendMessageA(hwndOf(window), firstMessageOf(button), flagOf(button) | heldKeys(modifiers), packed(at));
 }
@@ -132,6 +158,21 @@ void pressKey(std::uint16_t code, platform::Modifiers modifiers) {
     SendMessageA(GetFocus(), WM_KEYDOWN, code, 0);
     SendMessageA(GetFocus(), WM_KEYUP, code, 0);
     holdAll({});
+}
+
+void moveKey(std::uint16_t code, bool down) {
+    keybd_event(static_cast<BYTE>(code), 0, down ? 0 : KEYEVENTF_KEYUP, 0);
+}
+
+void paste(const std::string& text) {
+    const HGLOBAL bytes = GlobalAlloc(GMEM_MOVEABLE, text.size() + 1);
+    std::memcpy(GlobalLock(bytes), text.c_str(), text.size() + 1);
+    GlobalUnlock(bytes);
+    if (!OpenClipboard(GetFocus())) return;
+    EmptyClipboard();
+    SetClipboardData(CF_TEXT, bytes);  // the clipboard's from here on
+    CloseClipboard();
+    SendMessageA(GetFocus(), WM_PASTE, 0, 0);
 }
 
 void typeText(const std::string& text) {

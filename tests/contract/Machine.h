@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "platform/Process.h"
@@ -21,6 +22,10 @@ inline const std::string kSection = "Kestrum2 Contract\\Test";
 enum class StoredAs { Text, ExpandableText, Binary };
 // Puts a value into the store past the seam, its bytes exactly as given (text without a NUL at its end, say).
 void putStored(const std::string& key, StoredAs kind, const std::string& bytes);
+
+// The bytes of an entry of the user's run list as they are stored there, without the NUL at their end; nullopt when
+// there is no such text, or no NUL at its end.
+std::optional<std::string> storedRunEntry(const std::string& name);
 
 // An existing folder, with trailing "\", empty after freshMachine.
 std::string scratchFolder();

@@ -19,6 +19,10 @@ void putStored(const std::string& key, StoredAs kind, const std::string& bytes) 
     }
 }
 
+std::optional<std::string> storedRunEntry(const std::string& name) {
+    return sim::runEntry(name);
+}
+
 std::string scratchFolder() {
     return "C:\\Scratch\\";
 }

@@ -66,6 +66,22 @@ void putStored(const std::string& key, StoredAs kind, const std::string& bytes) 
     RegCloseKey(section);
 }
 
+std::optional<std::string> storedRunEntry(const std::string& name) {
+    HKEY list = nullptr;
+    if (RegOpenKeyExA(HKEY_CURRENT_USER, "Software\\Microsoft\\Windows\\CurrentVersion\\Run", 0, KEY_READ, &list) !=
+        ERROR_SUCCESS) {
+        return std::nullopt;
+    }
+    DWORD type = REG_NONE;
+    std::string bytes(4096, '\0');
+    DWORD length = static_cast<DWORD>(bytes.size());
+    const LONG result =
+        RegQueryValueExA(list, name.c_str(), nullptr, &type, reinterpret_cast<BYTE*>(bytes.data()), &length);
+    RegCloseKey(list);
+    if (result != ERROR_SUCCESS || type != REG_SZ || length == 0 || bytes[length - 1] != '\0') return std::nullopt;
+    return bytes.substr(0, length - 1);
+}
+
 std::string scratchFolder() {
     char folder[MAX_PATH] = {};
     GetTempPathA(MAX_PATH, folder);

@@ -45,6 +45,29 @@ TEST_CASE("what any window tells of itself") {
     CHECK_FALSE(windowFacts(0));
 }
 
+TEST_CASE("a window is found by its class and its caption, in either case") {
+    Desk desk;
+    desk.main.setText("Kestrum 2 Contract Found");
+    CHECK(findWindow("ProbeMain", "Kestrum 2 Contract Found") == desk.main.native());
+    CHECK(findWindow("pROBEmAIN", "kestrum 2 contract FOUND") == desk.main.native());
+    CHECK(findWindow("ProbeMain", "Kestrum 2 Contract") == 0);
+    CHECK(findWindow("Probe", "Kestrum 2 Contract Found") == 0);
+    desk.a.setText("Kestrum 2 Contract Inside");
+    CHECK(findWindow("Probe", "Kestrum 2 Contract Inside") == 0);  // no top-level window
+
+    Probe second("Kestrum 2 Contract Found", desk.log);
+    REQUIRE(second.createMain());
+    second.show(ShowCommand::Show);
+    CHECK(findWindow("ProbeMain", "Kestrum 2 Contract Found") == second.native());
+    desk.main.bringToFront();
+    CHECK(waitFor([&] { return findWindow("ProbeMain", "Kestrum 2 Contract Found") == desk.main.native(); }));
+    desk.main.show(ShowCommand::Hide);
+    second.destroy();
+    CHECK(findWindow("ProbeMain", "Kestrum 2 Contract Found") == desk.main.native());  // hidden or not
+    desk.main.destroy();
+    CHECK(findWindow("ProbeMain", "Kestrum 2 Contract Found") == 0);
+}
+
 TEST_CASE("a window asked to close is asked when messages run") {
     Desk desk;
     desk.main.keepOpen = true;

@@ -44,6 +44,9 @@ public:
     bool createPopup(Window* owner, const Rect& bounds) {
         return create({WindowKind::Popup, "ProbePopup", name_, owner, bounds});
     }
+    bool createGadget(const Rect& bounds, Window* parent = nullptr) {
+        return create({WindowKind::Gadget, "ProbeGadget", name_, parent, bounds});
+    }
 
     // Moves and leaves are noted on request: a pointer that rests on the screen speaks up whenever a window comes
     // up below it.
@@ -51,6 +54,7 @@ public:
     Rect lastDirty;
     Size least;
     bool keepOpen = false;
+    bool dragsByPress = false;  // of the left button
     std::vector<std::string> dropped;
 
 protected:
@@ -73,6 +77,9 @@ protected:
         if (event.modifiers.ctrl) text += " ctrl";
         if (event.leftHeld) text += " held";
         note(text + " " + place(event.at));
+        if (!dragsByPress || event.action != MouseAction::Down || event.button != MouseButton::Left) return;
+        dragAsByCaption();
+        note("dragged");
     }
     void onMouseLeave() override {
         if (notesPointer) note("leave");

@@ -51,6 +51,19 @@ TEST_CASE("what is typed into a text box takes the place of what is selected") {
     CHECK(contract::pixelAt(*on.box, {80, 18}) == systemColor(SysColor::Window));
 }
 
+TEST_CASE("a line that is pasted arrives with its tabs, and what comes after the line's end does not") {
+    Editing on;
+    on.box->setText("old");
+    on.box->selectAll();
+    contract::paste("one\ttwo\t\tthree");
+    CHECK(on.box->text() == "one\ttwo\t\tthree");
+    contract::paste(" and\r\nthe next line");
+    CHECK(on.box->text() == "one\ttwo\t\tthree and");
+    on.box->setText("a\tb");
+    CHECK(on.box->text() == "a\tb");
+    CHECK(on.log.empty());
+}
+
 TEST_CASE("Enter, Escape and the way of the focus are told of a text box") {
     Editing on;
     on.box->setText("text");

@@ -59,10 +59,7 @@ std::vector<std::uintptr_t> topLevelWindowNumbers() {
     std::vector<std::uintptr_t> numbers;
     const auto& others = machine().desktop.otherWindows;
     for (auto at = others.rbegin(); at != others.rend(); ++at) numbers.push_back(at->first);
-    const auto& windows = machine().desktop.windows;
-    for (auto at = windows.rbegin(); at != windows.rend(); ++at) {
-        if (at->second->kind != WindowKind::Child) numbers.push_back(at->first);
-    }
+    for (const WindowPointer& window : sim::topLevelsFromTop()) numbers.push_back(window->native);
     return numbers;
 }
 

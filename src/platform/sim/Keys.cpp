@@ -5,8 +5,18 @@
 
 namespace platform {
 
+namespace {
+
+constexpr std::uint16_t kLeftButton = 0x01;
+
+}  // namespace
+
 bool keyDown(std::uint16_t code) {
-    return sim::machine().desktop.heldKeys.count(code) != 0;
+    const sim::Desktop& desktop = sim::machine().desktop;
+    const bool byEvent = (code == key::kShift && desktop.modifiers.shift) ||
+                         (code == key::kCtrl && desktop.modifiers.ctrl) ||
+                         (code == key::kAlt && desktop.modifiers.alt);
+    return byEvent || desktop.heldKeys.count(code) != 0 || (code == kLeftButton && desktop.leftHeld);
 }
 
 namespace sim {

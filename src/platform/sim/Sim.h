@@ -91,15 +91,22 @@ void setPointer(Window& window, Point at);        // moves the pointer and sends
 void mouseDown(Window& window, Point at, MouseButton button = MouseButton::Left, Modifiers modifiers = {});
 void mouseUp(Window& window, Point at, MouseButton button = MouseButton::Left, Modifiers modifiers = {});
 void click(Window& window, Point at, MouseButton button = MouseButton::Left, Modifiers modifiers = {});
+// The user's hand on the screen: whichever window is uppermost there gets it, or the one that holds the mouse. A
+// click makes that window active first.
+void movePointer(Point screen);
+void clickOnScreen(Point screen);
 void doubleClick(Window& window, Point at);  // down, up, double click, up
 void wheel(Window& window, Point at, int delta);
 void keyDown(std::uint16_t code, Modifiers modifiers = {});  // to the focused window; Tab moves the focus
 void keyUp(std::uint16_t code, Modifiers modifiers = {});
 void pressKey(std::uint16_t code, Modifiers modifiers = {});  // down and up
-void holdKey(std::uint16_t code);  // it is down, whichever program has the focus; nothing is sent
+// A key is down for keyDown of Keys.h, whichever program has the focus; no window is told, and events have the
+// modifiers that they are sent with. Otherwise a key is down from keyDown to keyUp, and those of the modifiers
+// while the event is told.
+void holdKey(std::uint16_t code);
 void releaseKey(std::uint16_t code);
-// The user drags the window of the next dragAsByCaption that far, and lets the button go; without it the button is
-// let go where it went down.
+// The user drags the window of the next dragAsByCaption that far, for half a second, and lets the button go;
+// without it the button is let go where it went down, at once.
 void whenDragged(Point delta);
 void dropFiles(Window& window, const std::vector<std::string>& paths);  // refused unless acceptFiles was called
 void loseCapture();                                                     // another window takes it
@@ -130,6 +137,8 @@ std::uintptr_t addOtherWindow(const WindowFacts& facts);
 void setLocalBias(int minutes);              // 0 at first
 std::vector<std::uintptr_t> closesPosted();  // windows handed to postClose; an own window gets its onClose
 void typeText(const std::string& text);      // into the text box that has the focus, in place of its selection
+
+void pasteText(const std::string& text);  // likewise; of several lines the box takes the first
 
 // ---- balloon tips ----
 struct Tip {

@@ -37,6 +37,22 @@ std::uintptr_t focusWhenActivated(const WindowRecord& window) {
     return stops.empty() ? window.native : stops.front();
 }
 
+// What a topmost window owns is topmost too.
+bool isTopmost(const WindowRecord& window) {
+    if (window.topmost || window.kind == WindowKind::Popup) return true;
+    const WindowPointer owner = findRecord(window.parent);
+    return owner && isTopmost(*owner);
+}
+
+// Above all others, and above it what it owns, in the order that this had.
+void lift(const WindowPointer& window) {
+    const std::vector<WindowPointer> before = topLevelsFromTop();
+    window->height = nextSerial();
+    for (auto at = before.rbegin(); at != before.rend(); ++at) {
+        if ((*at)->parent == window->native) lift(*at);
+    }
+}
+
 // From here on no handler of the window, or of a window inside it, runs.
 void silence(const WindowRecord& parent) {
     for (const std::uintptr_t native : parent.children) {
@@ -78,6 +94,22 @@ WindowPointer topLevel(const WindowPointer& inside) {
     WindowPointer at = inside;
     while (at && at->kind == WindowKind::Child) at = findRecord(at->parent);
     return at;
+}
+
+std::vector<WindowPointer> topLevelsFromTop() {
+    std::vector<WindowPointer> found;
+    for (const auto& [native, record] : machine().desktop.windows) {
+        if (record->kind != WindowKind::Child) found.push_back(record);
+    }
+    std::sort(found.begin(), found.end(), [](const WindowPointer& a, const WindowPointer& b) {
+        return std::pair(isTopmost(*a), a->height) > std::pair(isTopmost(*b), b->height);
+    });
+    return found;
+}
+
+void raise(const WindowPointer& window) {
+    if (const WindowPointer owner = findRecord(window->parent)) raise(owner);
+    lift(window);
 }
 
 bool isVisible(const WindowRecord& record) {
@@ -132,6 +164,7 @@ void setFocus(std::uintptr_t native) {
     desktop.focus = native;
     if (const WindowPointer top = topLevel(findRecord(native))) {
         top->lastFocus = native;
+        if (desktop.active != top->native) raise(top);
         desktop.active = top->native;
     }
     if (const WindowPointer record = findRecord(loser); record && record->object != nullptr) {
@@ -147,6 +180,7 @@ void setFocus(std::uintptr_t native) {
 void activate(const WindowPointer& window) {
     Desktop& desktop = machine().desktop;
     if (!window || !window->enabled || window->kind == WindowKind::Popup) return;
+    raise(window);
     if (desktop.active == window->native && holds(*window, desktop.focus)) return;
     desktop.active = window->native;
     setFocus(window->state == WindowState::Minimized ? 0 : focusWhenActivated(*window));

@@ -47,6 +47,8 @@ Frame frameOf(WindowKind kind);
 
 WindowPointer findRecord(std::uintptr_t native);      // null when it is gone
 WindowPointer topLevel(const WindowPointer& inside);  // the window that holds it, itself when it is top-level
+std::vector<WindowPointer> topLevelsFromTop();        // shown or not
+void raise(const WindowPointer& window);              // a top-level window, and with it its owners and what it owns
 bool isVisible(const WindowRecord& record);
 bool takesInput(const WindowRecord& record);  // it and all that hold it are enabled
 Size clientSizeOf(const WindowRecord& record);
@@ -62,6 +64,10 @@ void cancelCaptureInside(const WindowRecord& window);
 
 void showNormal(const WindowPointer& window);  // shows, restores and activates a top-level window
 void setTitle(const WindowPointer& record, const std::string& text);
+// At a point of the screen a top-level window has nothing that eye or mouse would meet.
+bool isSeenThrough(const WindowRecord& record, Point screen);
+// The innermost of the window's children at a point of the screen; the window itself where there is none.
+std::uintptr_t innermostAt(const WindowRecord& record, Point screen);
 
 // A text box: a key that went down in it, the loss of the focus, and what painting shows.
 void sendBoxKey(const WindowPointer& box, std::uint16_t code, Modifiers modifiers);

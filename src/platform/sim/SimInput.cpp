@@ -9,6 +9,18 @@ namespace platform::sim {
 
 namespace {
 
+// The keys that come with an event are down while it is told.
+class HeldModifiers {
+public:
+    explicit HeldModifiers(Modifiers with) : before_(std::exchange(machine().desktop.modifiers, with)) {}
+    ~HeldModifiers() { machine().desktop.modifiers = before_; }
+    HeldModifiers(const HeldModifiers&) = delete;
+    HeldModifiers& operator=(const HeldModifiers&) = delete;
+
+private:
+    Modifiers before_;
+};
+
 struct Target {
     WindowPointer window;  // null: nobody gets it
     Point at;              // client pixels of the window
@@ -23,35 +35,17 @@ bool canReceive(const WindowRecord& record) {
     return takesInput(record) && record.object != nullptr;
 }
 
-// The innermost child of the window at a point of the screen.
-std::uintptr_t windowAt(const WindowRecord& record, Point screen) {
-    const Point origin = clientOrigin(record);
-    for (const std::uintptr_t native : record.children) {
-        const WindowPointer child = findRecord(native);
-        if (!child->shown) continue;
-        if (child->bounds.offset(origin.x, origin.y).contains(screen)) return windowAt(*child, screen);
-    }
-    return record.native;
-}
-
-// The last one created of the top-level windows shown at a point of the screen; of popups, or of the others.
-WindowPointer lastAt(Point screen, bool popup) {
-    const auto& windows = machine().desktop.windows;
-    for (auto at = windows.rbegin(); at != windows.rend(); ++at) {
-        const WindowRecord& record = *at->second;
-        if (record.kind == WindowKind::Child || (record.kind == WindowKind::Popup) != popup) continue;
-        if (record.shown && record.bounds.contains(screen)) return at->second;
-    }
-    return nullptr;
-}
-
-// Popups lie above all, then comes the active window, then the others.
 std::uintptr_t windowFromPoint(Point screen) {
-    if (const WindowPointer popup = lastAt(screen, true)) return windowAt(*popup, screen);
-    const WindowPointer active = findRecord(machine().desktop.active);
-    if (active && active->shown && active->bounds.contains(screen)) return windowAt(*active, screen);
-    const WindowPointer other = lastAt(screen, false);
-    return other ? windowAt(*other, screen) : 0;
+    for (const WindowPointer& window : topLevelsFromTop()) {
+        const bool there = window->shown && window->bounds.contains(screen);
+        if (there && !isSeenThrough(*window, screen)) return innermostAt(*window, screen);
+    }
+    return 0;
+}
+
+Point inClient(const WindowRecord& record, Point screen) {
+    const Point origin = clientOrigin(record);
+    return {screen.x - origin.x, screen.y - origin.y};
 }
 
 Target aim(std::uintptr_t native, Point at) {
@@ -64,8 +58,7 @@ Target aim(std::uintptr_t native, Point at) {
     const bool inside = Rect::fromSize({}, clientSizeOf(*record)).contains(at);
     desktop.underPointer = inside && isVisible(*record) ? native : windowFromPoint(screen);
     if (const WindowPointer holder = findRecord(desktop.capture)) {
-        const Point corner = clientOrigin(*holder);
-        return {holder->object == nullptr ? nullptr : holder, {screen.x - corner.x, screen.y - corner.y}};
+        return {holder->object == nullptr ? nullptr : holder, inClient(*holder, screen)};
     }
     if (!canReceive(*record)) return {};
     return {record, at};
@@ -82,7 +75,10 @@ void leaveHovered() {
 void sendMouse(std::uintptr_t native, Point at, MouseAction action, MouseButton button, Modifiers modifiers) {
     const Target target = aim(native, at);
     Desktop& desktop = machine().desktop;
+    const bool taken = button == MouseButton::Left && std::exchange(desktop.dragTookButton, false);
+    if (taken && action == MouseAction::Up) return;
     if (button == MouseButton::Left) desktop.leftHeld = action != MouseAction::Up;
+    const HeldModifiers held(modifiers);
     if (target.window) {
         if (target.window->textBox && action == MouseAction::Down) setFocus(target.window->native);
         WindowAccess::mouse(*target.window->object, {action, button, target.at, modifiers, desktop.leftHeld});
@@ -91,6 +87,12 @@ void sendMouse(std::uintptr_t native, Point at, MouseAction action, MouseButton 
 }
 
 void sendKey(bool down, std::uint16_t code, Modifiers modifiers) {
+    if (down) {
+        holdKey(code);
+    } else {
+        releaseKey(code);
+    }
+    const HeldModifiers held(modifiers);
     const WindowPointer record = findRecord(machine().desktop.focus);
     if (!record || !takesInput(*record) || record->object == nullptr) return;
     if (record->textBox && code != key::kTab) {
@@ -160,6 +162,30 @@ void click(Window& window, Point at, MouseButton button, Modifiers modifiers) {
     const std::uintptr_t native = window.native();  // its object may go with the first half
     sendMouse(native, at, MouseAction::Down, button, modifiers);
     sendMouse(native, at, MouseAction::Up, button, modifiers);
+}
+
+void movePointer(Point screen) {
+    Desktop& desktop = machine().desktop;
+    const WindowPointer window = findRecord(desktop.capture != 0 ? desktop.capture : windowFromPoint(screen));
+    if (window && window->object != nullptr) {
+        setPointer(*window->object, inClient(*window, screen));
+    } else {
+        desktop.pointer = screen;
+        desktop.underPointer = 0;
+        leaveHovered();
+    }
+}
+
+void clickOnScreen(Point screen) {
+    movePointer(screen);
+    Desktop& desktop = machine().desktop;
+    const std::uintptr_t native = desktop.capture != 0 ? desktop.capture : windowFromPoint(screen);
+    const WindowPointer window = findRecord(native);
+    if (!window) return;
+    if (desktop.capture == 0) activate(topLevel(window));
+    for (const MouseAction action : {MouseAction::Down, MouseAction::Up}) {
+        sendMouse(native, inClient(*window, screen), action, MouseButton::Left, {});
+    }
 }
 
 void doubleClick(Window& window, Point at) {

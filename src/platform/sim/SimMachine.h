@@ -169,6 +169,7 @@ struct WindowRecord {
     bool enabled = true;
     bool tabStop = false;
     bool topmost = false;
+    std::uintptr_t height = 0;  // top-level: above those with a lower one, as far as both are topmost or not
     Translucency translucency;
     bool acceptsFiles = false;
     bool destroying = false;
@@ -198,6 +199,8 @@ struct Desktop {
     std::uintptr_t hovered = 0;  // got a move, and no leave since
     Point pointer;               // screen pixels
     bool leftHeld = false;
+    bool dragTookButton = false;       // a drag by the caption ended with the left button: nobody sees it go up
+    Modifiers modifiers;               // of the event that is being told
     std::set<std::uint16_t> heldKeys;  // virtual key codes
     std::deque<Point> drags;           // how far the user drags a window, one each time
     int busy = 0;

@@ -55,6 +55,10 @@ void paintBox(const WindowRecord& box, Canvas& canvas, const Rect& dirty) {
                 kTextSingleLine | kTextNoPrefix);
 }
 
+void pasteText(const std::string& text) {
+    typeText(text.substr(0, text.find_first_of("\r\n")));
+}
+
 void typeText(const std::string& text) {
     const WindowPointer box = findRecord(machine().desktop.focus);
     if (!box || !box->textBox || !takesInput(*box)) fail("typeText: no text box has the focus");

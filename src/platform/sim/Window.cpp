@@ -76,7 +76,12 @@ void bringUp(const WindowPointer& record, ShowCommand command) {
         record->shown = true;
         sim::invalidateTree(*record);
     }
-    if (record->kind == WindowKind::Child || record->kind == WindowKind::Popup) return;
+    if (record->kind == WindowKind::Child) return;
+    if (record->kind == WindowKind::Popup) {
+        record->height = sim::nextSerial();  // without its owner
+        return;
+    }
+    if (command != ShowCommand::Minimize) sim::raise(record);
     WindowState state = record->state;
     if (command == ShowCommand::Minimize) state = WindowState::Minimized;
     if (command == ShowCommand::Maximize) state = WindowState::Maximized;
@@ -124,6 +129,7 @@ bool Window::create(const WindowSpec& spec) {
     record->shown = child;
     record->ownersShadow = spec.kind == WindowKind::Dialog && parent && sim::hasShadow(*parent);
     machine().desktop.windows.emplace(record->native, record);
+    record->height = record->native;  // on top, but for what is topmost
     if (child) parent->children.push_back(record->native);
     sim::invalidateTree(*record);
     if (spec.kind != WindowKind::Main) sim::sendSize(record);
@@ -167,6 +173,7 @@ void Window::setTopmost(bool topmost) {
     if (!record) return;
     sim::note("setTopmost", record->title + (topmost ? " 1" : " 0"));
     record->topmost = topmost;
+    sim::raise(record);
 }
 
 void Window::addDropShadow() {

@@ -50,12 +50,15 @@ std::string commandLine() {
     }
     // The run list of the system starts programs by their path without quotes.
     const std::string path = programPath();
-    if (whole.size() >= path.size() &&
+    constexpr std::string_view kBlanks = " \t";
+    const bool namesWhole = whole.size() == path.size() ||
+                            (whole.size() > path.size() && kBlanks.find(whole[path.size()]) != kBlanks.npos);
+    if (namesWhole &&
         CompareStringA(LOCALE_USER_DEFAULT, NORM_IGNORECASE, whole.data(), static_cast<int>(path.size()),
                        path.data(), static_cast<int>(path.size())) == CSTR_EQUAL) {
         return std::string(whole.substr(path.size()));
     }
-    return std::string(whole.substr(std::min(whole.size(), whole.find(' '))));
+    return std::string(whole.substr(std::min(whole.size(), whole.find_first_of(kBlanks))));
 }
 
 }  // namespace platform

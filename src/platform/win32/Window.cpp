@@ -234,7 +234,8 @@ Rect Window::normalBounds() const {
     const Rect normal = toRect(placement.rcNormalPosition);
     const WindowData* data = dataOf(hwnd);
     if (data == nullptr || data->kind == WindowKind::Child) return normal;
-    // A placement counts from the corner of the work area, which a task bar at the top or left moves.
+    if ((GetWindowLongA(hwnd, GWL_EXSTYLE) & WS_EX_TOOLWINDOW) != 0) return normal;
+    // Of others a placement counts from the corner of the work area, which a task bar at the top or left moves.
     MONITORINFO monitor{};
     monitor.cbSize = sizeof monitor;
     if (!GetMonitorInfoA(MonitorFromRect(&placement.rcNormalPosition, MONITOR_DEFAULTTONEAREST), &monitor)) {

@@ -18,6 +18,7 @@ struct WindowData {
     Pointer pointer = Pointer::Arrow;
     bool capturing = false;                // by capture(); Windows itself captures too, for frames and menus
     bool leftWhileCapturing = false;       // the pointer; to be told when the capture ends
+    bool dragged = false;                  // by dragAsByCaption
     HWND focusToRestore = nullptr;         // the child that had the focus when the window was deactivated
     HWND modalOwner = nullptr;             // the window disabled by runModal for this one
     std::vector<std::uint32_t> trayIcons;  // ids of its icons in the notification area
@@ -80,6 +81,8 @@ bool restoreFocus(HWND hwnd, WindowData& data);
 // Moves the focus from tab stop to tab stop, in the order of creation, round and round.
 void focusNextTabStop(HWND root, HWND current, bool backwards);
 
+// To be called for a window that goes: a drag of it that is going on ends.
+void endDrag(const WindowData& data);
 // Takes the mouse from the window that captures it: a modal window must get every click.
 void cancelCapture();
 // Enables the owner of a modal window again. Must come before the window goes: Windows hands the activation to

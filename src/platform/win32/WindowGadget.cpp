@@ -7,12 +7,12 @@ namespace platform {
 
 namespace {
 
-bool makeOrdinary(HWND hwnd, LONG style) {
-    if ((style & WS_EX_LAYERED) == 0) return true;
+void makeOrdinary(HWND hwnd) {
+    const LONG style = GetWindowLongA(hwnd, GWL_EXSTYLE);
+    if ((style & WS_EX_LAYERED) == 0) return;
     SetWindowLongA(hwnd, GWL_EXSTYLE, style & ~WS_EX_LAYERED);
-    // What was drawn went into a picture that nobody shows any more.
-    RedrawWindow(hwnd, nullptr, nullptr, RDW_ERASE | RDW_INVALIDATE | RDW_FRAME | RDW_ALLCHILDREN);
-    return (GetWindowLongA(hwnd, GWL_EXSTYLE) & WS_EX_LAYERED) == 0;
+    // What was painted is in a picture that the system shows no more.
+    RedrawWindow(hwnd, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME | RDW_ALLCHILDREN);
 }
 
 }  // namespace
@@ -21,19 +21,35 @@ bool Window::setTranslucency(std::uint8_t alpha, std::optional<Color> hole) {
     const HWND hwnd = hwndOf(*this);
     const WindowData* data = native_ != 0 ? dataOf(hwnd) : nullptr;
     if (data == nullptr || data->kind == WindowKind::Child) return false;
+    if (alpha == 255 && !hole) {
+        makeOrdinary(hwnd);
+        return true;
+    }
     const LONG style = GetWindowLongA(hwnd, GWL_EXSTYLE);
-    if (alpha == 255 && !hole) return makeOrdinary(hwnd, style);
-    SetWindowLongA(hwnd, GWL_EXSTYLE, style | WS_EX_LAYERED);
+    if ((style & WS_EX_LAYERED) == 0) SetWindowLongA(hwnd, GWL_EXSTYLE, style | WS_EX_LAYERED);
     const DWORD what = LWA_ALPHA | (hole ? LWA_COLORKEY : 0U);
-    return SetLayeredWindowAttributes(hwnd, hole.value_or(0), alpha, what) != FALSE;
+    if (SetLayeredWindowAttributes(hwnd, hole.value_or(0), alpha, what)) return true;
+    makeOrdinary(hwnd);  // with the style alone nothing of the window would show
+    return false;
 }
 
 void Window::dragAsByCaption() {
-    // Let go already, there would be nothing to end the drag.
-    if (native_ == 0 || GetKeyState(VK_LBUTTON) >= 0) return;
+    const HWND hwnd = hwndOf(*this);
+    WindowData* data = native_ != 0 ? dataOf(hwnd) : nullptr;
+    // When the button is up already nothing would end the drag.
+    if (data == nullptr || GetKeyState(VK_LBUTTON) >= 0) return;
     const auto pressedAt = static_cast<LPARAM>(GetMessagePos());
-    ReleaseCapture();
-    SendMessageA(hwndOf(*this), WM_NCLBUTTONDOWN, HTCAPTION, pressedAt);
+    data->dragged = true;
+    ReleaseCapture();  // which may be the window's end
+    SendMessageA(hwnd, WM_NCLBUTTONDOWN, HTCAPTION, pressedAt);
+    data = dataOf(hwnd);  // the window may have gone meanwhile
+    if (data != nullptr) data->dragged = false;
+}
+
+// Not every system sees by itself that there is nothing to drag any more. It would wait for a button that is let go
+// over a window of this thread; the message goes to no window.
+void endDrag(const WindowData& data) {
+    if (data.dragged) PostMessageA(nullptr, WM_LBUTTONUP, 0, 0);
 }
 
 }  // namespace platform

@@ -352,6 +352,7 @@ Answer decode(const Message& m, WindowData& data) {
 LRESULT detach(const Message& m, WindowData* data) {
     Window* window = data->window;
     const WNDPROC base = data->base;
+    endDrag(*data);
     SetWindowLongPtrA(m.hwnd, GWLP_USERDATA, 0);
     const LRESULT result = CallWindowProcA(base, m.hwnd, m.id, m.wParam, m.lParam);
     delete data;
