@@ -100,6 +100,7 @@ TEST_CASE("of gadgets that overlap the uppermost gets the mouse") {
     Probe second("second", on.log);
     REQUIRE(second.createGadget(kPlace.offset(40, 20)));
     second.show(ShowCommand::Show);
+    CHECK(waitFor([&] { return isAbove(second, on.gadget); }));
     CHECK(on.click(on.gadget, {60, 50}, "second up left 20,30"));
     CHECK_FALSE(has(on.log, "gadget up left 60,50"));
     on.gadget.bringToFront();
@@ -191,6 +192,7 @@ TEST_CASE("a window may go while it is dragged") {
         if (has(on.log, "gadget down left held 30,40")) on.gadget.destroy();
     });
     CHECK(waitFor([&on] {
+        on.log.clear();
         contract::dragOnScreen(on.gadget, {30, 40}, {50, 50});
         return !on.gadget.exists();
     }));
