@@ -25,6 +25,7 @@ Form1::Form1()
       baseFolder_(favorites::BaseFolder()),
       messages_(*this, busy_, msgBoxes_, options_),
       filter_(baseFolder_),
+      graphs_({graphOptions_, access_, tips_, settings_}),
       refresh_({*this, processList_, slots_, busy_, access_, enforce_, filter_, options_}),
       favorites_(favoritesControl_, baseFolder_,
                  [this](const std::string& text, const std::string& title, platform::BalloonIcon icon) {
@@ -35,12 +36,19 @@ Form1::Form1()
       filterCommands_(
           {*this, toolBar1_, msgBoxes_, tips_, messages_, refresh_, slots_, busy_, favorites_, filter_, options_}),
       processCommands_({*this, processList_, toolBar1_, toolBar2_, affinityBoxes_, cmboPriority_, messages_,
-                        refresh_, slots_, commands_, filterCommands_, favorites_, access_, settings_, options_}),
+                        refresh_, slots_, commands_, filterCommands_, favorites_, access_, settings_, options_,
+                        graphs_}),
       profileCommands_(
           {*this, messages_, refresh_, slots_, commands_, filterCommands_, favorites_, enforce_, options_}),
       paramEditor_(favoritesControl_, favorites_, slots_, messages_, tips_),
       favoriteSettings_({*this, favoritesControl_, favorites_, slots_, messages_, access_.HighestCpu()}),
-      trayCommands_({*this, trayIcon_, slots_, busy_, toolBar1_, commands_, gauges_}) {}
+      trayCommands_({*this, trayIcon_, slots_, busy_, toolBar1_, commands_, gauges_, graphs_}),
+      totalGraph_({graphOptions_, trayCommands_.Totals(), settings_}),
+      hotkeys_({[this] { commands_.SetFavs(); }, [this](int number) { profileCommands_.SwitchTo(number); }}),
+      optionsCommands_({*this, settings_, options_, graphOptions_, msgBoxes_, tips_, trayCommands_, hotkeys_,
+                        graphs_, totalGraph_, enforce_, baseFolder_},
+                       {[this] { ViewHelp(); }, [this] { ResetColumns(); }, [this] { Restart(); },
+                        [this] { RestoreDefaults(); }}) {}
 
 // The window goes before the parts that its handlers would reach.
 Form1::~Form1() {
@@ -123,6 +131,12 @@ void Form1::CaptureColumns(bool maximized) {
     layout.favoriteWidths = favoritesControl_.ColumnWidthsText();
 }
 
+void Form1::ResetColumns() {
+    layouts_.Reset();
+    ApplyColumns(maximized_);
+    if (!inTray_) LayOut();  // else when it is back
+}
+
 void Form1::SelectionReplaced() {
     if (processList_.ListCount() > 0) processCommands_.ShowSettingsOf(0);
 }
@@ -142,6 +156,9 @@ void Form1::ToolBar1Clicked(int index) {
             break;
         case button::kFileFilter:
             filterCommands_.Toggled();
+            break;
+        case button::kSetOptions:
+            optionsCommands_.Show();
             break;
         case button::kBrowseForFavorite:
             commands_.BrowseForFavorite();

@@ -8,10 +8,12 @@
 #include "app/FavoriteSettings.h"
 #include "app/FilterCommands.h"
 #include "app/Gauges.h"
+#include "app/Hotkeys.h"
 #include "app/LayoutMemory.h"
 #include "app/MainLayout.h"
 #include "app/MainToolBars.h"
 #include "app/Messages.h"
+#include "app/OptionsCommands.h"
 #include "app/ParamEditor.h"
 #include "app/ProcessCommands.h"
 #include "app/ProfileCommands.h"
@@ -30,6 +32,9 @@
 #include "favorites/EnforceState.h"
 #include "favorites/FavoritesList.h"
 #include "filter/FileFilter.h"
+#include "graphs/CpuGraphs.h"
+#include "graphs/FrmColorMeter.h"
+#include "graphs/GraphOptions.h"
 #include "platform/Window.h"
 #include "process/ErrorCounters.h"
 #include "process/ProcessAccess.h"
@@ -64,6 +69,7 @@ public:
     AffinityBoxes& CpuAffinity() { return affinityBoxes_; }
     TrayCommands& Tray() { return trayCommands_; }
     RefreshCycle& Refresh() { return refresh_; }
+    graphs::CpuGraphs& Graphs() { return graphs_; }
 
 protected:
     void onPaint(platform::Canvas& canvas, const platform::Rect& dirty) override;
@@ -93,6 +99,7 @@ private:
     void WireProcessCommands();
     void WireFavorites();
     void WireLists();
+    void WireGraphs();
     void WireTips();
     process::TipText TipOfProcess(int row);
     process::TipText TipOfFavorite(int row);
@@ -103,6 +110,10 @@ private:
 
     // ShutDown.cpp
     void Exit();
+    void StopTimers();
+    void StartAnew();
+    void RestoreDefaults();
+    void CloseGraphs();
     void SaveSettings();
     void Unload();
 
@@ -127,9 +138,11 @@ private:
     void UseLayout(bool maximized);
     void LayOut();
     void MoveSplitter(int left);
+    void ResetColumns();
 
     settings::Settings settings_;
     settings::DisplayOptions options_;
+    graphs::GraphOptions graphOptions_;
     SingleInstance instance_;
     process::ErrorCounters errors_;
     process::ProcessAccess access_;
@@ -155,6 +168,7 @@ private:
 
     tray::TrayIcon trayIcon_;
     filter::FileFilter filter_;
+    graphs::CpuGraphs graphs_;
     RefreshCycle refresh_;
     favorites::FavoritesList favorites_;
     FavoriteCommands commands_;
@@ -164,12 +178,16 @@ private:
     ParamEditor paramEditor_;
     FavoriteSettings favoriteSettings_;
     TrayCommands trayCommands_;
+    graphs::FrmColorMeter totalGraph_;
+    Hotkeys hotkeys_;
+    OptionsCommands optionsCommands_;
 
     MainParts parts_;
     LayoutMemory layouts_;
     bool maximized_ = false;  // the set of column widths in use
     bool started_ = false;
-    bool inTray_ = false;  // the window is hidden; nobody keeps the process list meanwhile
+    bool saveOnExit_ = true;  // not when everything has just been forgotten
+    bool inTray_ = false;     // the window is hidden; nobody keeps the process list meanwhile
 };
 
 }  // namespace app

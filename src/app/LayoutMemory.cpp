@@ -17,6 +17,10 @@ void LayoutMemory::CompleteMaximized() {
     if (maximized_.favoriteWidths.empty()) maximized_.favoriteWidths = normal_.favoriteWidths;
 }
 
+void LayoutMemory::Reset() {
+    normal_ = maximized_ = {"134,82,60,40,60,70,", "134,82,70,50,50,", 474};
+}
+
 void LayoutMemory::Save(settings::Settings& settings) const {
     settings.WriteText(Key::FileColWideMax, maximized_.fileWidths);
     settings.WriteText(Key::FavColWideMax, maximized_.favoriteWidths);

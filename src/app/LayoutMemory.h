@@ -20,6 +20,8 @@ public:
     // Once the normal widths are known as they really are (the lists know their built-in ones): gives them to the
     // maximised set where it has none.
     void CompleteMaximized();
+    // Both sets as at a first start.
+    void Reset();
     void Save(settings::Settings& settings) const;
 
     ListLayout& For(bool maximized) { return maximized ? maximized_ : normal_; }

@@ -12,6 +12,7 @@
 #include "platform/CodePage.h"
 #include "process/ApplyChanges.h"
 #include "process/TerminateProcesses.h"
+#include "text/Case.h"
 
 namespace app {
 
@@ -105,6 +106,9 @@ void ProcessCommands::Run(int command) {
         case command::kFileTips:
             ToggleFileTips();
             break;
+        case command::kOpenGraph:
+            OpenGraphs();
+            break;
         case command::kTerminate:
             Terminate();
             break;
@@ -127,6 +131,19 @@ std::vector<std::string> ProcessCommands::SelectedPaths() const {
         if (!path.empty() && seen.insert(platform::lowerCase(path)).second) paths.push_back(std::move(path));
     }
     return paths;
+}
+
+void ProcessCommands::OpenGraphs() {
+    for (const int row : parts_.list.SelectedRows()) {
+        const platform::ProcessId id = parts_.refresh.ProcessOfRow(row);
+        // With its extension, which the row may not show.
+        std::string file(text::FileNameOf(parts_.access.ImagePath(id)));
+        if (file.empty()) file = parts_.list.CellText(row, kFileColumn);
+        if (parts_.graphs.Launch(file, id) == graphs::CpuGraphs::Launched::Full) {
+            parts_.messages.Tell("CPU graphs limit reached (16 max).");
+            return;
+        }
+    }
 }
 
 void ProcessCommands::Terminate() {
@@ -176,7 +193,7 @@ void ProcessCommands::ShowMenu(platform::Point at) {
         {command::kFileExtensions, "Show File Extensions", controls::kMenuExtensions, true, parts_.options.showExtensions},
         {command::kFileTips, "Show File Info In ToolTip", controls::kMenuFileTips, true, parts_.options.showFileTips},
         {},
-        {command::kOpenGraph, "Open Selected in CPU Graph", controls::kMenuCpuGraph, false},
+        {command::kOpenGraph, "Open Selected in CPU Graph", controls::kMenuCpuGraph},
         {},
         {command::kTerminate, "Terminate Selected (Kill Process)", controls::kMenuEndProcess},
         // clang-format on

@@ -14,6 +14,7 @@
 #include "controls/ToolBar.h"
 #include "controls/UcList1.h"
 #include "favorites/FavoritesList.h"
+#include "graphs/CpuGraphs.h"
 #include "process/ProcessAccess.h"
 #include "settings/DisplayOptions.h"
 #include "settings/Settings.h"
@@ -45,6 +46,7 @@ public:
         process::ProcessAccess& access;
         settings::Settings& settings;
         settings::DisplayOptions& options;
+        graphs::CpuGraphs& graphs;
     };
     explicit ProcessCommands(const Parts& parts) : parts_(parts) {}
 
@@ -69,6 +71,7 @@ public:
 
 private:
     std::vector<std::string> SelectedPaths() const;
+    void OpenGraphs();
     void Terminate();
     void ToggleExtensions();
     void ToggleFileTips();

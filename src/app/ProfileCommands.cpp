@@ -108,12 +108,14 @@ void ProfileCommands::SwitchTo(int profile) {
 void ProfileCommands::CopyTo(int profile) {
     const PausedSlot pause(parts_.slots, Slot::Process, kRefreshMilliseconds);
     favorites::CopySelectedTo(parts_.favorites, favorites::ProfileName(profile));
+    ProfilesChanged();
 }
 
 void ProfileCommands::MoveTo(int profile) {
     const PausedSlot pause(parts_.slots, Slot::Process, kRefreshMilliseconds);
     favorites::MoveSelectedTo(parts_.favorites, favorites::ProfileName(profile));
     parts_.refresh.UpdateStatusLine();
+    ProfilesChanged();
 }
 
 // Nothing is said of a program that is gone or cannot be started.

@@ -35,9 +35,10 @@ public:
     };
     explicit ProfileCommands(const Parts& parts) : parts_(parts) {}
 
-    std::function<void()> ChangeSettings;  // of the selected favourites
-    std::function<void()> FinishEdits;     // other favourites come: what is being edited belongs to these
-    std::function<void()> Exit;            // the program is to end: Kestrum Jr. has taken over
+    std::function<void()> ChangeSettings;   // of the selected favourites
+    std::function<void()> FinishEdits;      // other favourites come: what is being edited belongs to these
+    std::function<void()> ProfilesChanged;  // one came into being or went
+    std::function<void()> Exit;             // the program is to end: Kestrum Jr. has taken over
 
     // Menus, at a point of the screen.
     void ShowProfileMenu(platform::Point at);

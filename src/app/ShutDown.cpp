@@ -1,15 +1,13 @@
 // The main window's way down: what it remembers first, then what it holds, then the window.
 #include "app/Form1.h"
+#include "favorites/JrHandOff.h"
 #include "platform/Shell.h"
+#include "settings/StartEntries.h"
 #include "settings/WindowPosition.h"
 
 namespace app {
 
 using settings::Key;
-
-namespace {
-constexpr char kProgram[] = "Kestrum2.exe";
-}
 
 // The user ends the program; the timers stand still already.
 void Form1::Exit() {
@@ -20,21 +18,53 @@ void Form1::Exit() {
     Unload();
 }
 
-void Form1::Restart() {
+void Form1::StopTimers() {
     for (const Slot slot : {Slot::Process, Slot::Tray, Slot::Memory, Slot::FavoritesPanel}) slots_.Stop(slot);
     platform::pumpMessages();
+}
+
+void Form1::Restart() {
+    StopTimers();
+    optionsCommands_.Close();
+    StartAnew();
+    Unload();
+}
+
+// The next copy must not take itself for a second one.
+void Form1::StartAnew() {
     show(platform::ShowCommand::Hide);
     instance_.KillMutex();
     platform::pumpMessages();
     if (!exists()) return;  // ended by one of those messages
     // Always the program under its own name, also from a copy that goes by another one.
-    platform::openDocument(*this, baseFolder_ + kProgram);
+    platform::openDocument(*this, baseFolder_ + favorites::kMainProgram);
+}
+
+// Everything is forgotten, and nothing written any more. The question comes when all windows are out of sight; the
+// main window, hidden, is there to ask it.
+void Form1::RestoreDefaults() {
+    StopTimers();
+    if (!exists()) return;
+    optionsCommands_.Close();
+    CloseGraphs();  // which note where they stood
+    settings_.DeleteSection();
+    for (const std::string& name : {settings::OwnStartEntry(), std::string(settings::kJrStartEntry)}) {
+        settings::SetStartEntry(name, baseFolder_, false, {});
+    }
+    saveOnExit_ = false;
+    hotkeys_.Stop();
+    show(platform::ShowCommand::Hide);
+    trayIcon_.Remove();
+    if (messages_.Ask("Do you want to restart Kestrum 2 now?") && exists()) StartAnew();
     Unload();
 }
 
+void Form1::CloseGraphs() {
+    graphs_.CloseAll();
+    totalGraph_.Close();
+}
+
 void Form1::SaveSettings() {
-    favorites_.SavePending();
-    filter_.SavePending();
     CaptureColumns(maximized_);
     settings_.WriteNumber(Key::FavColSort, favorites_.SortColumn());
     settings_.WriteBool(Key::FavSortDir, favorites_.SortAscending());
@@ -51,8 +81,13 @@ void Form1::Unload() {
     for (const Slot slot : {Slot::Process, Slot::Tray, Slot::Memory, Slot::FavoritesPanel, Slot::TotalGraph}) {
         slots_.Stop(slot);
     }
+    hotkeys_.Stop();
+    optionsCommands_.Close();
+    CloseGraphs();
     tips_.Remove();
-    SaveSettings();
+    favorites_.SavePending();
+    filter_.SavePending();
+    if (saveOnExit_) SaveSettings();
     refresh_.ReleaseMeters();
     trayIcon_.Remove();
     refresh_.ReleaseIcons();

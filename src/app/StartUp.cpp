@@ -71,6 +71,8 @@ Form1::StartResult Form1::Start() {
     ShowFirstTime();
     if (!exists()) return StartResult::Running;  // ended already, while its first messages were dealt with
     slots_.Start(Slot::Process, kRefreshMilliseconds);
+    if (settings_.Number(Key::Hotkey) == 1) hotkeys_.Start();
+    if (settings_.Number(Key::TtlOnStart) == 1) totalGraph_.Open();
     slots_.Start(Slot::Tray, kTrayMilliseconds);
     return StartResult::Running;
 }
@@ -107,8 +109,6 @@ bool Form1::CreateToolBars() {
         toolBar1_.SetCurrentImage(index);
         toolBar1_.SetSeperator(true);
     }
-    // What this build cannot do yet.
-    toolBar1_.SetUnavailable(button::kSetOptions, true);
 
     toolBar2_.SetSize24(false);
     toolBar2_.SetImages(platform::loadPictureResource(controls::kToolBar2Pictures), kToolBar2Tips.size());
@@ -116,7 +116,6 @@ bool Form1::CreateToolBars() {
         toolBar2_.SetCurrentImage(index);
         toolBar2_.SetCheckBox(true);
     }
-    toolBar2_.SetUnavailable(button2::kGraph, true);
 
     parts_.toolBar1Width = toolBar1_.PreferredWidth();
     parts_.toolBar1Height = toolBar1_.PreferredHeight();
@@ -163,6 +162,7 @@ void Form1::WireEvents() {
     slots_.SetWork(Slot::FavoritesPanel, [this] { favoriteSettings_.Watch(); });
     instance_.WakenUp = [this] { WakenUp(); };
     trayIcon_.Notified = [this](platform::TrayEvent event) { trayCommands_.Notified(event); };
+    trayCommands_.ShowOptions = [this] { optionsCommands_.Show(); };
     trayCommands_.Restore = [this] { RestoreFromTray(Raise::Yes); };
     trayCommands_.Exit = [this] { Exit(); };
     toolBar1_.Click = [this](int index) { ToolBar1Clicked(index); };
@@ -170,6 +170,7 @@ void Form1::WireEvents() {
     WireProcessCommands();
     WireFavorites();
     WireLists();
+    WireGraphs();
     WireTips();
 }
 
@@ -196,6 +197,7 @@ void Form1::WireFavorites() {
         if (button == kMiddleButton) paramEditor_.Edit();
     };
     profileCommands_.ChangeSettings = [this] { favoriteSettings_.Open(); };
+    profileCommands_.ProfilesChanged = [this] { optionsCommands_.ProfilesChanged(); };
     profileCommands_.FinishEdits = [this] { FinishEdits(); };
     profileCommands_.Exit = [this] { Exit(); };
 }
@@ -207,6 +209,17 @@ void Form1::WireLists() {
     };
     favoritesControl_.HeaderClick = [this](int column) {
         favorites_.SetSort(column, favoritesControl_.HeaderSortDir());
+    };
+}
+
+void Form1::WireGraphs() {
+    slots_.SetWork(Slot::TotalGraph, [this] { totalGraph_.GraphTimer(); });
+    totalGraph_.StartGraphTimer = [this] { slots_.Start(Slot::TotalGraph, graphs::kMeterMilliseconds); };
+    totalGraph_.StopGraphTimer = [this] { slots_.Stop(Slot::TotalGraph); };
+    totalGraph_.StartReadings = [this] { slots_.Start(Slot::Tray, kTrayMilliseconds); };
+    totalGraph_.StopReadings = [this] { slots_.Stop(Slot::Tray); };
+    graphs_.AlsoTaken = [this](std::vector<Rect>& taken) {
+        if (totalGraph_.exists()) taken.push_back(totalGraph_.bounds());
     };
 }
 
@@ -254,6 +267,7 @@ void Form1::RestorePlacement() {
 // How the program shows itself, before anything is shown.
 void Form1::LoadOptions() {
     options_ = settings::LoadDisplayOptions(settings_);
+    graphOptions_ = graphs::LoadGraphOptions(settings_);
     tips_.SetEnabled(options_.showTips);
     processCommands_.ShowOptions();
     trayCommands_.Show(options_);

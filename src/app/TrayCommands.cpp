@@ -50,7 +50,7 @@ void TrayCommands::ShowMenu() {
     parts_.icon.bringToFront();
     tray::TrayMenuState state;
     state.autoSet = parts_.favorites.AutoSetPressed();
-    state.options = false;
+    state.graphsOpen = parts_.graphs.AnyOpen();
     MnuTraySel(menu_.Show(parts_.icon, platform::pointerPosition(), state));
 }
 
@@ -62,6 +62,12 @@ void TrayCommands::MnuTraySel(int id) {
         case tray::command::kAutoSet:
             parts_.toolBar.SetChecked(button::kAutoSet, !parts_.favorites.AutoSetPressed());
             parts_.favorites.AutoSetToggled();
+            break;
+        case tray::command::kOptions:
+            ShowOptions();
+            break;
+        case tray::command::kShowGraphs:
+            parts_.graphs.ShowAll();
             break;
         case tray::command::kExit:
             for (const Slot slot : {Slot::Tray, Slot::Process, Slot::Memory, Slot::FavoritesPanel}) {

@@ -9,6 +9,7 @@
 #include "app/RefreshCycle.h"
 #include "app/TimerSlots.h"
 #include "controls/ToolBar.h"
+#include "graphs/CpuGraphs.h"
 #include "process/CpuTotals.h"
 #include "process/clsCPUUsage.h"
 #include "settings/DisplayOptions.h"
@@ -31,11 +32,13 @@ public:
         controls::ToolBar& toolBar;
         FavoriteCommands& favorites;
         Gauges& gauges;
+        graphs::CpuGraphs& graphs;
     };
     explicit TrayCommands(const Parts& parts) : parts_(parts) {}
 
-    std::function<void()> Restore;  // the user asks for the window
-    std::function<void()> Exit;     // the user ends the program; its timers have been stopped
+    std::function<void()> Restore;      // the user asks for the window
+    std::function<void()> ShowOptions;  // and for the options dialog
+    std::function<void()> Exit;         // the user ends the program; its timers have been stopped
 
     // Type and colours of the meter.
     void Show(const settings::DisplayOptions& options);

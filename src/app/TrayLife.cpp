@@ -10,6 +10,7 @@ void Form1::MinimizeToTray() {
     show(platform::ShowCommand::Hide);
     slots_.Stop(Slot::Memory);
     tips_.Remove();
+    optionsCommands_.ShowAgain();
 }
 
 void Form1::RestoreFromTray(Raise raise) {

@@ -38,14 +38,20 @@ platform::Window& FrmOptions::ControlOf(Option option) {
 
 // ---- making it ----
 
-void FrmOptions::ShowModal(platform::Window& owner) {
+void FrmOptions::Show(platform::Window& owner) {
+    if (exists()) {
+        show(platform::ShowCommand::Show);
+        bringToFront();
+        return;
+    }
     if (!Create(owner)) return;
     Load();
     ShowPage(OptionPage::Misc);
     const platform::Size size = LayOut();
     setBounds(controls::PlacedOver(controls::AreaOfOwner(owner), size));
-    platform::runModal(*this, owner);
-    destroy();  // the program ended around it
+    show(platform::ShowCommand::Show);
+    if (!owner.visible()) bringToFront();  // no window of the program is in front then
+    focus_->focus();
 }
 
 bool FrmOptions::Create(platform::Window& owner) {
@@ -168,9 +174,12 @@ void FrmOptions::ShowPage(OptionPage page) {
     }
 }
 
-// The frame got the focus (the user comes back from another window): it belongs to a control.
+// The frame got the focus: it belongs to a control. The user comes back from another window, where favourites may
+// have come and gone.
 void FrmOptions::onFocus(bool gained) {
-    if (gained) focus_->focus();
+    if (!gained) return;
+    RefillProfiles();
+    focus_->focus();
 }
 
 // Keys count when they go down: one that ended a message box is let go over this dialog.

@@ -35,8 +35,9 @@ public:
     };
     explicit FrmOptions(const Parts& parts);
 
-    // Shows the dialog over `owner` until the user closes it, or it goes with its owner. The message loop runs.
-    void ShowModal(platform::Window& owner);
+    // Shows the dialog over `owner`, which stays usable, until the user closes it or it goes with its owner; brings
+    // it to the front when it is open.
+    void Show(platform::Window& owner);
     // Profiles came or went, or another one is in use: fills the lists of profiles anew. Nothing happens while the
     // dialog is not shown.
     void RefillProfiles();

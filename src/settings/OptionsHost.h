@@ -7,8 +7,7 @@
 
 namespace settings {
 
-// Each call comes after the key behind it has been written. A call may destroy the dialog's windows; the object of
-// the dialog lives on until FrmOptions::ShowModal returns.
+// Each call comes after the key behind it has been written. A call may destroy the dialog's windows, not its object.
 class OptionsHost {
 public:
     // The user changed a key that has no call of its own below: what of it counts at once is read again.

@@ -12,7 +12,7 @@ int TrayMenu::Show(const platform::Window& owner, platform::Point at, const Tray
         {},
         {command::kAutoSet, "Auto Set", controls::kMenuAutoSet, true, state.autoSet},
         {},
-        {command::kOptions, "Options", controls::kMenuOptions, state.options},
+        {command::kOptions, "Options", controls::kMenuOptions},
         {command::kShowGraphs, "Show CPU Graphs", controls::kMenuGraphs, state.graphsOpen},
         {},
         {command::kExit, "Exit", controls::kMenuExit},

@@ -18,7 +18,6 @@ inline constexpr int kExit = 7;
 struct TrayMenuState {
     bool autoSet = false;     // Auto Set is on
     bool graphsOpen = false;  // there is a CPU graph window of a process
-    bool options = true;      // there is an options dialog to open
 };
 
 class TrayMenu {

@@ -56,9 +56,23 @@ private:
         static const char* const kNames[] = {"UcList11",     "UcList12",    "ToolBar1",     "ToolBar2",
                                              "SplitBar",     "Status",      "CpuAffinity0", "CpuAffinity1",
                                              "ProgressBar1", "ProgressBar2"};
+        // Of the dialogs and graphs, which are there at times.
+        static const char* const kCaptions[] = {
+            "Misc",         "CPU Graphs",      "Start Up",    "Show ToolTips",   "HScrl",     "Transparent Graphs",
+            "Show Shadows", "Show Total /Avg", "CboTrayType", "CmboFavPriority", "CPU usage", "Close"};
+        if (Chance(3)) {
+            if (platform::Window* graph = AnyGraph()) return *graph;
+            platform::Window* window = sim::findWindow(kCaptions[Below(12)]);
+            if (window && window->enabled() && window->visible()) return *window;
+        }
         platform::Window* window = sim::findWindow(kNames[Below(10)]);
         REQUIRE(window);
         return *window;
+    }
+
+    platform::Window* AnyGraph() {
+        platform::Window* graph = form_.Graphs().InSlot(1 + Below(16));
+        return graph && graph->visible() ? graph : nullptr;
     }
 
     void Touch() {
@@ -157,6 +171,11 @@ TEST_CASE("Ten thousand ticks on a restless machine leave nothing open and nothi
         REQUIRE(form.ProcessList().ListCount() <= 256);
         REQUIRE(sim::openHandles("process") == 0);
     }
+    form.Graphs().CloseAll();
+    for (const char* caption : {"Kestrum Options", "Favorite Settings", "CPU usage"}) {
+        if (platform::Window* open = sim::findWindow(caption)) sim::closeBox(*open);
+    }
+    sim::run(10'000);
     CHECK(sim::openHandles("window") == windows);
     CHECK(sim::openHandles("timer") <= 10);
     CHECK(sim::openHandles("icon") < 30);
