@@ -8,7 +8,7 @@ packages=(
     g++-mingw-w64-x86-64-win32 g++-mingw-w64-i686-win32
     wine wine64 fonts-wine libc6-i386
     xvfb xauth xdotool x11-utils imagemagick fonts-dejavu-core librsvg2-bin
-    clang libclang-rt-14-dev libbenchmark-dev zip
+    clang libclang-rt-14-dev libbenchmark-dev zip nsis
 )
 
 if [[ ${1:-} == --names ]]; then
