@@ -218,9 +218,8 @@ void Form1::WireGraphs() {
     totalGraph_.StopGraphTimer = [this] { slots_.Stop(Slot::TotalGraph); };
     totalGraph_.StartReadings = [this] { slots_.Start(Slot::Tray, kTrayMilliseconds); };
     totalGraph_.StopReadings = [this] { slots_.Stop(Slot::Tray); };
-    graphs_.AlsoTaken = [this](std::vector<Rect>& taken) {
-        if (totalGraph_.exists()) taken.push_back(totalGraph_.bounds());
-    };
+    // It may be opened any time.
+    graphs_.AlsoTaken = [this](std::vector<Rect>& taken) { taken.push_back(totalGraph_.Place()); };
 }
 
 void Form1::WireTips() {

@@ -74,6 +74,7 @@ bool FrmColorMeter::Open() {
 
 // Without a frame to pull at, the window is always of one size: of what is stored only the place counts.
 Rect FrmColorMeter::Place() const {
+    if (exists()) return bounds();
     if (const auto stored = settings::ParseWindowPosition(parts_.settings.Position(kName))) {
         return settings::ReachableBounds(Rect::fromSize(stored->origin(), kSize));
     }

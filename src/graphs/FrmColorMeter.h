@@ -39,6 +39,8 @@ public:
     bool Open();
     // Notes where the window stands, stops GraphTimer, and closes the window if it is open.
     void Close();
+    // Where it is, or would be when it was opened.
+    platform::Rect Place() const;
     // One tick; does nothing while the window is closed.
     void GraphTimer();
 
@@ -53,7 +55,6 @@ protected:
     void RunMenu(platform::Point screen) override;
 
 private:
-    platform::Rect Place() const;
     void Run(int id);
     void ShowBars();
     void ShowAverage();

@@ -46,11 +46,16 @@ TEST_CASE("Selected processes get a graph each, sixteen at most") {
     desk.OpenFromMenu();
     CHECK(said.find("CPU graphs limit reached (16 max).|") == 0);
     CHECK(desk.form->Graphs().OpenCount() == 16);
-    // No two in one place.
+    // No two in one place, nor where the total graph is going to be.
+    desk.ClickButton(app::button::kSetOptions);
+    for (const char* name : {"CPU Graphs", "Show Total /Avg"}) sim::click(*sim::findWindow(name), {6, 10});
+    REQUIRE(sim::findWindow("CPU usage"));
+    const platform::Rect total = sim::findWindow("CPU usage")->bounds();
     std::vector<platform::Rect> places;
     for (int slot = 1; slot <= 16; ++slot) {
         const platform::Rect place = desk.form->Graphs().InSlot(slot)->bounds();
         CHECK(std::find(places.begin(), places.end(), place) == places.end());
+        CHECK_FALSE(place.intersects(total));
         places.push_back(place);
     }
 
