@@ -1,6 +1,6 @@
 #!/bin/sh
 # Makes the program's bitmaps and icons from svg/. The results are committed: run this after changing a drawing.
-# Needs rsvg-convert (librsvg2-bin) and convert (imagemagick).
+# Needs rsvg-convert (librsvg2-bin), convert (imagemagick) and python3.
 set -eu
 cd "$(dirname "$0")"
 work=$(mktemp -d)
@@ -36,17 +36,20 @@ strip() {
     convert $pictures +append -alpha off -type TrueColor -strip BMP3:"$result"
 }
 
-# icon RESULT SOURCE:SIZE...: an icon of 32-bit images (no PNG ones, which older systems pass over).
+# icon RESULT SOURCE:SIZE...: an icon of these pictures.
 icon() {
     result=$1
     shift
     pictures=
     for image in "$@"; do
         render "${image%:*}" "${image#*:}"
-        pictures="$pictures $work/${image%:*}-${image#*:}.png"
+        picture=$work/${image%:*}-${image#*:}-icon.png
+        convert "$work/${image%:*}-${image#*:}.png" -strip -define png:exclude-chunks=date,time \
+            -define png:color-type=6 -define png:compression-level=9 "$picture"
+        pictures="$pictures $picture"
     done
     # shellcheck disable=SC2086
-    convert $pictures -define png:color-type=6 -type TrueColorAlpha -strip ICO:"$result"
+    ./make-icon.py "$result" $pictures
 }
 
 # digits RESULT SOURCE: a bitmap of pure black and white from SOURCE, where a '#' is a black square of 2 x 2 pixels.
@@ -58,6 +61,14 @@ digits() {
         sed 's/[^#]/0/g; s/#/1/g' "$2"
     } | convert pbm:- -sample 200% -type TrueColor -strip BMP3:"$1"
 }
+
+# Kestrum Jr. has the same falcon on green, so that the two are told apart in the notification area, and on the
+# toolbar.
+for size in 16 20 24 48; do
+    sed 's/#3F7FB5/#4FA55C/; s/#173F66/#1C5A2C/; s/#0F2C49/#10391B/; s/#8FC0E6/#A5DDAE/' "svg/kestrum$size.svg" \
+        >"$work/kestrum_jr$size.svg"
+done
+sed 's/viewBox="0 0 20 20"/viewBox="-2 -2 24 24"/' "$work/kestrum_jr20.svg" >"$work/tool09-jr.svg"
 
 face='#F0F0F0'  # button face
 strip toolbar.bmp 24 "$face" tool00-apply tool01-filter tool02-options tool03-browse tool04-remove tool05-setnow \
@@ -76,13 +87,11 @@ convert "$work/slices.png" -background "$face" -flatten \
 # 9, so the last column of squares in that cell is the first one of "100".
 digits digits_large.bmp digits_large.txt
 digits digits_small.bmp digits_small.txt
-icon kestrum2.ico kestrum16:16 kestrum24:24 kestrum48:32 kestrum48:48
-# Kestrum Jr. has the same falcon on green, so that the two are told apart in the notification area.
-for size in 16 24 48; do
-    sed 's/#3F7FB5/#4FA55C/; s/#173F66/#1C5A2C/; s/#0F2C49/#10391B/; s/#8FC0E6/#A5DDAE/' "svg/kestrum$size.svg" \
-        >"$work/kestrum_jr$size.svg"
-done
-icon kestrum_jr.ico kestrum_jr16:16 kestrum_jr24:24 kestrum_jr48:32 kestrum_jr48:48
+# In the drawing for 48 every edge lies on whole pixels at 32, 64, 128 and 256 as well.
+icon kestrum2.ico kestrum16:16 kestrum20:20 kestrum24:24 kestrum48:32 kestrum48:48 kestrum48:64 kestrum48:128 \
+    kestrum48:256
+# The sizes of the notification area and of the desktop: the program is to stay small.
+icon kestrum_jr.ico kestrum_jr16:16 kestrum_jr20:20 kestrum_jr24:24 kestrum_jr48:32 kestrum_jr48:48
 icon defaulticon.ico defaulticon16:16 defaulticon32:32
 icon filter.ico filtericon16:16
 

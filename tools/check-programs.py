@@ -13,8 +13,9 @@ sys.dont_write_bytecode = True
 from peimage import GROUP_ICON, MANIFEST, VERSION, Image  # noqa: E402
 
 ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
-PROGRAMS = {"Kestrum2.exe": 1_000_000, "Kestrum_Jr.exe": 400_000}  # and the most bytes they may have
+PROGRAMS = {"Kestrum2.exe": 1024 * 1024, "Kestrum_Jr.exe": 400 * 1024}  # and the most bytes they may have
 FOLDERS = {"win64": 64, "win32": 32}
+ICON_SIZES = {"Kestrum2.exe": {16, 20, 24, 32, 48, 64, 128, 256}, "Kestrum_Jr.exe": {16, 20, 24, 32, 48}}
 LEAST_WINDOWS = {32: (5, 1), 64: (5, 2)}  # XP; XP x64
 
 # Windows loads these from its own folder on every version since XP, whatever lies beside the program: the known
@@ -142,8 +143,11 @@ def check_bytes(image, name):
         yield "holds a path of the machine it was built on"
     if len(image.data) >= PROGRAMS[name]:
         yield f"{len(image.data)} bytes, should be below {PROGRAMS[name]}"
-    if not list(image.resources(GROUP_ICON)):
-        yield "has no icon"
+    icons = [data for data, _ in image.resources(GROUP_ICON)]
+    # The first is the program's. Six bytes of header, fourteen for each picture; a width of 0 is 256.
+    sizes = {icons[0][at] or 256 for at in range(6, len(icons[0]), 14)} if icons else set()
+    if missing := ICON_SIZES[name] - sizes:
+        yield f"the icon lacks the sizes {sorted(missing)}"
 
 
 def check_program(data, name, bits):
@@ -223,7 +227,7 @@ def doctored_contents(image):
     yield "side-by-side", replaced(data, b"Windows.Common-Controls", b"Windows.Common-Buttons1")
     yield "0 manifests", without_kind(image, MANIFEST)
     yield "0 blocks", without_kind(image, VERSION)
-    yield "no icon", without_kind(image, GROUP_ICON)
+    yield "lacks the sizes [16, 20", without_kind(image, GROUP_ICON)
     yield "file version", patched(data, signature + 8, "I", 0x00090000)
     yield "product version", patched(data, signature + 16, "I", 0x00090000)
     yield "CompanyName ''", replaced(data, wide("Morvell Software"), b"")
@@ -255,10 +259,10 @@ def self_test():
 
 
 if __name__ == "__main__":
-    missing = [f"dist/{folder}/{name}" for folder in FOLDERS for name in PROGRAMS
-               if not os.path.exists(os.path.join(ROOT, "dist", folder, name))]
-    if missing:
-        print("not built:", *missing)
+    not_built = [f"dist/{folder}/{name}" for folder in FOLDERS for name in PROGRAMS
+                 if not os.path.exists(os.path.join(ROOT, "dist", folder, name))]
+    if not_built:
+        print("not built:", *not_built)
         sys.exit(1 if os.environ.get("KESTRUM_ALL") == "1" else 77)
     if sys.argv[1:] == ["--self-test"]:
         self_test()
