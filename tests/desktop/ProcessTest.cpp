@@ -9,34 +9,14 @@ namespace {
 
 constexpr int kApplyChanges = 0, kFileFilter = 1;  // buttons of ToolBar1
 
-// Two programs that stand first in the list.
-struct Company {
-    explicit Company(const Installation& installation)
-        : first(installation.AddProgram("Aaa.exe")), second(installation.AddProgram("Aab.exe")) {}
-    Process first, second;
-};
-
-bool SelectFirstTwo(const List& list) {
-    if (!list.ClickRow(0)) return false;
-    const Rect row = list.Row(1);
-    HoldKey(VK_CONTROL, true);
-    const bool selected = Repeat(
-        [&](int aside) {
-            if (!list.Selected(1)) Click(list.Window(), {row.left + 40 + aside, row.top + 8});
-        },
-        [&] { return list.Selected(0) && list.Selected(1); });
-    HoldKey(VK_CONTROL, false);
-    return selected;
-}
-
 }  // namespace
 
 TEST_CASE("processes: several are changed at once, and ended after a question") {
     const Installation installation;
-    Company company(installation);
+    FirstTwo company(installation);
     Session session(installation);
     REQUIRE(session.Started());
-    REQUIRE(SelectFirstTwo(session.Processes()));
+    REQUIRE(session.Processes().SelectFirstTwo());
     const HWND box = Child(session.Main(), "CheckBox", "CpuAffinity0");
     REQUIRE(box != nullptr);
     const auto changed = [&] { return company.first.Affinity() == 2 && company.second.Affinity() == 2; };
@@ -60,7 +40,7 @@ TEST_CASE("processes: several are changed at once, and ended after a question") 
 
 TEST_CASE("processes: filtered, hidden, shown again; dragged to the favourites") {
     const Installation installation;
-    Company company(installation);
+    FirstTwo company(installation);
     Session session(installation);
     REQUIRE(session.Started());
     const List& list = session.Processes();

@@ -100,6 +100,18 @@ bool List::ClickRow(int slot) const {
     return Repeat([&](int aside) { ClickRowWith(MouseKey::Left, slot, aside); }, [&] { return Selected(slot); });
 }
 
+bool List::SelectFirstTwo() const {
+    if (!ClickRow(0)) return false;
+    HoldKey(VK_CONTROL, true);
+    const bool selected = Repeat(
+        [&](int aside) {
+            if (!Selected(1)) ClickRowWith(MouseKey::Left, 1, aside);
+        },
+        [&] { return Selected(0) && Selected(1); });
+    HoldKey(VK_CONTROL, false);
+    return selected;
+}
+
 void List::ClickRowWith(MouseKey key, int slot, int aside) const {
     const Rect row = Row(slot);
     ClickScreen(ToScreen(window_, {row.left + 40 + aside, row.top + 8}), key);

@@ -26,6 +26,13 @@ private:
     std::string folder_;
 };
 
+// Two programs that stand first in the list of processes.
+struct FirstTwo {
+    explicit FirstTwo(const Installation& installation)
+        : first(installation.AddProgram("Aaa.exe")), second(installation.AddProgram("Aab.exe")) {}
+    Process first, second;
+};
+
 // A line of a profile file.
 std::string FavoriteLine(const std::string& affinity, const std::string& priority, const std::string& path,
                          const std::string& param = "");
@@ -50,6 +57,8 @@ public:
     std::vector<Picture> Rows(int width) const;
     // Clicks into the row until it is selected.
     bool ClickRow(int slot) const;
+    // Makes the first two rows the selected ones.
+    bool SelectFirstTwo() const;
     // One click into the row, so many pixels beside its name.
     void ClickRowWith(MouseKey key, int slot, int aside) const;
     void ClickHeader(int x) const { Click(window_, {x, 10}); }
