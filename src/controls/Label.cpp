@@ -26,9 +26,10 @@ platform::Size Label::PreferredSize() const {
 
 void Label::onPaint(platform::Canvas& canvas, const platform::Rect& dirty) {
     canvas.fill(dirty, systemColor(SysColor::ButtonFace));
-    canvas.text(platform::Rect::fromSize({0, 0}, clientSize()), text(),
-                systemColor(enabled() ? SysColor::ButtonText : SysColor::GrayText), Font::Normal,
-                platform::kTextSingleLine | platform::kTextNoPrefix | platform::kTextVCenter | platform::kTextWordEllipsis);
+    canvas.text(
+        platform::Rect::fromSize({0, 0}, clientSize()), text(),
+        systemColor(enabled() ? SysColor::ButtonText : SysColor::GrayText), Font::Normal,
+        platform::kTextSingleLine | platform::kTextNoPrefix | platform::kTextVCenter | platform::kTextWordEllipsis);
 }
 
 }  // namespace controls
