@@ -25,8 +25,10 @@ private:
     int Below(int end) { return std::uniform_int_distribution<int>(0, end - 1)(random_); }
 
     void ChangeProcesses() {
-        if (Chance(4) || running_.size() < 20) Add();
-        if (Chance(4) && running_.size() > 10) {
+        // Now and then so many that the list can't show them all.
+        if (Chance(200)) most_ = Chance(8) ? 280 : 20 + static_cast<std::size_t>(Below(60));
+        while (running_.size() < most_ && Chance(2)) Add();
+        while (running_.size() > 10 && (Chance(4) || running_.size() > most_)) {
             const std::size_t index = static_cast<std::size_t>(Below(static_cast<int>(running_.size())));
             const platform::ProcessId id = running_[index];
             sim::endProcess(id);
@@ -49,7 +51,6 @@ private:
         process.load = Below(3);
         process.vanishAfterListing = Chance(8);
         running_.push_back(sim::addProcess(process));
-        if (running_.size() > 280) running_.erase(running_.begin());
     }
 
     platform::Window& AnyWindow() {
@@ -144,6 +145,7 @@ private:
     app::Form1& form_;
     std::mt19937 random_{20101};
     std::vector<platform::ProcessId> running_;
+    std::size_t most_ = 40;
 };
 
 }  // namespace
