@@ -81,6 +81,7 @@ void FavoriteCommands::AddFav(const std::string& path) {
         result = parts_.favorites.AddFav(path, parts_.affinityBoxes.Text());
         parts_.refresh.UpdateStatusLine();
     }
+    ProfilesChanged();
     // It may be running already: with Auto Set on the next tick sets it.
     if (result == favorites::AddFavResult::Added) parts_.refresh.ForceRebuild();
     if (result == favorites::AddFavResult::BadExtension) {
@@ -99,6 +100,7 @@ void FavoriteCommands::RemoveFavorites() {
     const PausedSlot pause(parts_.slots, Slot::Process, kRefreshMilliseconds);
     parts_.favorites.RemoveSelected();
     parts_.refresh.UpdateStatusLine();
+    ProfilesChanged();
 }
 
 }  // namespace app

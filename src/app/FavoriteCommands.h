@@ -1,6 +1,7 @@
 // What the user and the timers do with favourites: apply them, add and remove them, Auto Set, Enforce.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -35,6 +36,8 @@ public:
         tray::TrayIcon& trayIcon;
     };
     explicit FavoriteCommands(const Parts& parts) : parts_(parts) {}
+
+    std::function<void()> ProfilesChanged;  // one came into being or went
 
     // Gives every running instance of every favourite its affinity and priority. True when something was
     // changed, or a change was tried; the process list has then been rebuilt unless the window is minimised.

@@ -4,7 +4,6 @@
 #include <string_view>
 
 #include "controls/DialogPlace.h"
-#include "controls/Resources.h"
 #include "favorites/FavoriteEdits.h"
 #include "process/PriorityClass.h"
 #include "text/Numbers.h"
@@ -24,7 +23,6 @@ constexpr int kGap = 8;
 constexpr int kBoxesPerRow = 4;
 constexpr int kBoxRow = 22;       // pixels from one row of boxes to the next
 constexpr int kLeastWidth = 230;  // for the lines above and below few boxes
-constexpr Rect kTrial{0, 0, 400, 200};
 
 // The entries of the chooser: the one that leaves priorities alone, then the classes.
 std::string_view PriorityEntry(int index) {
@@ -60,13 +58,7 @@ void FavoriteSettings::Open() {
 }
 
 bool FavoriteSettings::Create() {
-    platform::WindowSpec spec;
-    spec.kind = platform::WindowKind::Dialog;
-    spec.title = "Favorite Settings";
-    spec.parent = &parts_.owner;
-    spec.bounds = kTrial;
-    spec.iconResource = controls::kProgramIcon;
-    if (!create(spec)) return false;
+    if (!create(controls::DialogSpec("Favorite Settings", parts_.owner))) return false;
     if (!CreateControls()) {
         destroy();
         return false;
@@ -160,9 +152,14 @@ favorites::SettingsEdit FavoriteSettings::Finish() {
     favorites::SettingsChoice choice{affinityBoxes_.Count(), affinityBoxes_.Choice(), {}};
     if (cmboPriority_.GetIndex() >= 0) choice.priority = PriorityEntry(cmboPriority_.GetIndex());
     destroy();
-    if (inUse) parts_.list.focus();  // and not where the user has gone instead
+    // Where the user has gone instead, maybe to other favourites, focus and selection are as they want them.
+    if (inUse) parts_.list.focus();
+    using Select = favorites::FavoritesList::Select;
     const PausedSlot pause(parts_.slots, Slot::Process, kRefreshMilliseconds);
-    return favorites::SetSettings(parts_.favorites, EditedRows(), choice);
+    const favorites::SettingsEdit edit =
+        favorites::SetSettings(parts_.favorites, EditedRows(), choice, inUse ? Select::Replaced : Select::AsBefore);
+    if (edit.changed) parts_.refresh.ForceRebuild();  // with Auto Set on, the next tick sets them
+    return edit;
 }
 
 // Those that have not gone meanwhile.

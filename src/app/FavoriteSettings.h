@@ -20,7 +20,7 @@ namespace app {
 
 // It shows what the favourites have in common. Where they differ, a box is in between and the chooser empty, and
 // what is left so stays as each of them has it. There is nothing to confirm: however the panel closes, by its
-// buttons, by Escape or because the user goes on elsewhere, what it shows then is what the favourites get.
+// button or frame, by Escape or because the user goes on elsewhere, what it shows then is what the favourites get.
 class FavoriteSettings : public platform::Window {
 public:
     // All outlive the panel. `list` shows the favourites.
@@ -30,6 +30,7 @@ public:
         favorites::FavoritesList& favorites;
         TimerSlots& slots;
         Messages& messages;
+        RefreshCycle& refresh;
         int highestCpu;
     };
     explicit FavoriteSettings(const Parts& parts) : parts_(parts) {}

@@ -41,10 +41,10 @@ Form1::Form1()
       profileCommands_(
           {*this, messages_, refresh_, slots_, commands_, filterCommands_, favorites_, enforce_, options_}),
       paramEditor_(favoritesControl_, favorites_, slots_, messages_, tips_),
-      favoriteSettings_({*this, favoritesControl_, favorites_, slots_, messages_, access_.HighestCpu()}),
+      favoriteSettings_({*this, favoritesControl_, favorites_, slots_, messages_, refresh_, access_.HighestCpu()}),
       trayCommands_({*this, trayIcon_, slots_, busy_, toolBar1_, commands_, gauges_, graphs_}),
       totalGraph_({graphOptions_, trayCommands_.Totals(), settings_}),
-      hotkeys_({[this] { commands_.SetFavs(); }, [this](int number) { profileCommands_.SwitchTo(number); }}),
+      hotkeys_({[this] { SetFavsNow(); }, [this](int number) { profileCommands_.SwitchTo(number); }}),
       optionsCommands_({*this, settings_, options_, graphOptions_, msgBoxes_, tips_, trayCommands_, hotkeys_,
                         graphs_, totalGraph_, enforce_, baseFolder_},
                        {[this] { ViewHelp(); }, [this] { ResetColumns(); }, [this] { Restart(); },
@@ -129,6 +129,12 @@ void Form1::CaptureColumns(bool maximized) {
     ListLayout& layout = layouts_.For(maximized);
     layout.fileWidths = processList_.ColumnWidthsText();
     layout.favoriteWidths = favoritesControl_.ColumnWidthsText();
+}
+
+// Of the processes there are now: while a dialog is open nobody looks for new ones.
+void Form1::SetFavsNow() {
+    refresh_.TakeSnapshot();
+    commands_.SetFavs();
 }
 
 void Form1::ResetColumns() {

@@ -114,6 +114,7 @@ private:
     void StartAnew();
     void RestoreDefaults();
     void CloseGraphs();
+    void Save();
     void SaveSettings();
     void Unload();
 
@@ -139,6 +140,7 @@ private:
     void LayOut();
     void MoveSplitter(int left);
     void ResetColumns();
+    void SetFavsNow();
 
     settings::Settings settings_;
     settings::DisplayOptions options_;
@@ -186,6 +188,7 @@ private:
     LayoutMemory layouts_;
     bool maximized_ = false;  // the set of column widths in use
     bool started_ = false;
+    bool saved_ = false;
     bool saveOnExit_ = true;  // not when everything has just been forgotten
     bool inTray_ = false;     // the window is hidden; nobody keeps the process list meanwhile
 };

@@ -50,7 +50,8 @@ void Hotkeys::Tick() {
     if (period_ != kPoll) Arm(kPoll);
     const bool held = platform::keyDown(key::kCtrl) && platform::keyDown(key::kShift);
     if (!held) latch_ = false;
-    if (held && !latch_) LookAtKeys();
+    // AltGr, with which some keyboards write letters, counts as Ctrl and Alt.
+    if (held && !latch_ && !platform::keyDown(key::kAlt)) LookAtKeys();
 }
 
 void Hotkeys::LookAtKeys() {

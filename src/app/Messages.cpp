@@ -9,8 +9,7 @@ void Messages::Tell(const std::string& text, const std::string& title) {
 
 bool Messages::Ask(const std::string& question, const std::string& title) {
     const BusyGuard guard(busy_);
-    return msgBoxes_.Show(question, controls::MsgStyle::Question, title, window_, options_.messageBeep) ==
-           controls::kMsgYes;
+    return msgBoxes_.Confirm(question, title, window_, options_.messageBeep);
 }
 
 }  // namespace app

@@ -77,7 +77,8 @@ bool RefreshCycle::ListRests() const {
 }
 
 void RefreshCycle::FullRebuild() {
-    if (!list_.exists()) return;  // the program ended inside a call of ours
+    if (!list_.exists()) return;            // the program ended inside a call of ours
+    if (RowsHeld()) return ForceRebuild();  // what is about to be done is for the processes selected now
     {
         const PausedSlot pause(slots_, Slot::Process, kRefreshMilliseconds);
         const FrozenList frozen(list_);

@@ -93,6 +93,8 @@ public:
     std::uintptr_t IconOfRow(int displayRow) const;
     // The rows stay what they are for now: nobody sees them, or the user is about to do something with them.
     bool ListRests() const;
+    // Looks which processes there are, without a word to the list.
+    void TakeSnapshot() { snapshot_.Take(); }
     // The process of a displayed row.
     platform::ProcessId ProcessOfRow(int displayRow) const;
     // At the end of the program; nothing may be refreshed afterwards.

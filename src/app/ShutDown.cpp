@@ -25,7 +25,7 @@ void Form1::StopTimers() {
 
 void Form1::Restart() {
     StopTimers();
-    optionsCommands_.Close();
+    Save();  // before the next copy reads it
     StartAnew();
     Unload();
 }
@@ -37,7 +37,8 @@ void Form1::StartAnew() {
     platform::pumpMessages();
     if (!exists()) return;  // ended by one of those messages
     // Always the program under its own name, also from a copy that goes by another one.
-    platform::openDocument(*this, baseFolder_ + favorites::kMainProgram);
+    if (platform::openDocument(*this, baseFolder_ + favorites::kMainProgram)) return;
+    messages_.Tell(std::string(favorites::kMainProgram) + " could not be started.");
 }
 
 // Everything is forgotten, and nothing written any more. The question comes when all windows are out of sight; the
@@ -69,25 +70,31 @@ void Form1::SaveSettings() {
     settings_.WriteNumber(Key::FavColSort, favorites_.SortColumn());
     settings_.WriteBool(Key::FavSortDir, favorites_.SortAscending());
     settings::SaveWindowPosition(*this, "Form1", settings_);
-    settings_.WriteNumber(Key::TransLevel, settings_.Number(Key::TransLevel));
+    settings_.WriteNumber(Key::TransLevel, settings_.Number(Key::TransLevel));  // for those who look for the key
     layouts_.Save(settings_);
+}
+
+// Once. What the user is changing is taken over, and what remembers its place goes.
+void Form1::Save() {
+    if (std::exchange(saved_, true)) return;
+    tips_.Remove();
+    FinishEdits();
+    hotkeys_.Stop();
+    optionsCommands_.Close();
+    CloseGraphs();
+    favorites_.SavePending();
+    filter_.SavePending();
+    if (saveOnExit_) SaveSettings();
 }
 
 // Ends the program, once.
 void Form1::Unload() {
     if (!started_) return;
-    FinishEdits();
+    Save();
     started_ = false;
     for (const Slot slot : {Slot::Process, Slot::Tray, Slot::Memory, Slot::FavoritesPanel, Slot::TotalGraph}) {
         slots_.Stop(slot);
     }
-    hotkeys_.Stop();
-    optionsCommands_.Close();
-    CloseGraphs();
-    tips_.Remove();
-    favorites_.SavePending();
-    filter_.SavePending();
-    if (saveOnExit_) SaveSettings();
     refresh_.ReleaseMeters();
     trayIcon_.Remove();
     refresh_.ReleaseIcons();

@@ -197,7 +197,7 @@ void Form1::WireFavorites() {
         if (button == kMiddleButton) paramEditor_.Edit();
     };
     profileCommands_.ChangeSettings = [this] { favoriteSettings_.Open(); };
-    profileCommands_.ProfilesChanged = [this] { optionsCommands_.ProfilesChanged(); };
+    commands_.ProfilesChanged = profileCommands_.ProfilesChanged = [this] { optionsCommands_.ProfilesChanged(); };
     profileCommands_.FinishEdits = [this] { FinishEdits(); };
     profileCommands_.Exit = [this] { Exit(); };
 }

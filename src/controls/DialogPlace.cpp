@@ -2,10 +2,22 @@
 
 #include <algorithm>
 
+#include "controls/Resources.h"
+
 namespace controls {
 
 using platform::Rect;
 using platform::Size;
+
+platform::WindowSpec DialogSpec(const std::string& title, platform::Window& owner) {
+    platform::WindowSpec spec;
+    spec.kind = platform::WindowKind::Dialog;
+    spec.title = title;
+    spec.parent = &owner;
+    spec.bounds = {0, 0, 400, 300};
+    spec.iconResource = kProgramIcon;
+    return spec;
+}
 
 Rect AreaOfOwner(const platform::Window& owner) {
     if (owner.visible() && owner.state() != platform::WindowState::Minimized) return owner.bounds();

@@ -1,10 +1,15 @@
 // Where a dialog appears.
 #pragma once
 
+#include <string>
+
 #include "platform/Window.h"
 
 namespace controls {
 
+// A dialog of `owner` with the program's icon, of a size that any frame fits around: it gets its own once its
+// controls are there.
+platform::WindowSpec DialogSpec(const std::string& title, platform::Window& owner);
 // What a dialog of `owner` stands over: the owner, or, when that is minimised or hidden in the notification area,
 // the work area of the screen it was on.
 platform::Rect AreaOfOwner(const platform::Window& owner);

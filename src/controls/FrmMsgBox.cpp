@@ -21,9 +21,6 @@ constexpr Color kInk = platform::rgb(0, 0, 0);
 constexpr Color kIconMask = platform::rgb(255, 255, 255);
 constexpr int kIconPixels = 32;
 
-// Room to try the frame in: any size a frame fits around.
-constexpr Rect kTrial{0, 0, 400, 200};
-
 // The dialog itself. It lives as long as its box is shown.
 class FrmMsgBox : public platform::Window {
 public:
@@ -31,13 +28,7 @@ public:
 
     bool Create(const std::string& text, MsgStyle style, const std::string& title, platform::Window& owner) {
         question_ = style == MsgStyle::Question;
-        platform::WindowSpec spec;
-        spec.kind = platform::WindowKind::Dialog;
-        spec.title = title;
-        spec.parent = &owner;
-        spec.bounds = kTrial;
-        spec.iconResource = kProgramIcon;
-        if (!create(spec)) return false;
+        if (!create(DialogSpec(title, owner))) return false;
         icons_ = platform::loadPictureResource(kMessageIcons);
         Fit(text, AreaOfOwner(owner));
         CreateButtons();
@@ -48,6 +39,7 @@ public:
     void FocusDefault() { (question_ ? cmdYes_ : cmdOkNo_).focus(); }
     // The user ended it: by a button, a key, or the close box of the frame.
     bool EndedByUser() const { return endedByUser_; }
+    bool Answered() const { return answered_; }  // by one of the first two
 
 protected:
     void onClose() override {
@@ -123,12 +115,13 @@ private:
 
     void Answer(int answer) {
         answer_ = answer;
-        endedByUser_ = true;
+        endedByUser_ = answered_ = true;
         destroy();
     }
 
     int& answer_;
     bool endedByUser_ = false;
+    bool answered_ = false;
     bool question_ = false;
     bool focusYes_ = false;
     platform::PictureHandle icons_;
@@ -141,6 +134,7 @@ private:
 
 int MsgBoxes::Show(const std::string& text, MsgStyle style, const std::string& title, platform::Window& owner,
                    bool sound) {
+    answered_ = false;
     FrmMsgBox box(answer_);
     if (!box.Create(text, style, title, owner)) return kMsgNo;
     if (sound && style == MsgStyle::Information) platform::beep();
@@ -154,8 +148,13 @@ int MsgBoxes::Show(const std::string& text, MsgStyle style, const std::string& t
     ++open_;
     platform::runModal(box, owner);
     --open_;
+    answered_ = box.Answered();
     // A question that went with its owner was never answered; an old Yes must not stand in for it.
     return box.EndedByUser() ? answer_ : kMsgNo;
+}
+
+bool MsgBoxes::Confirm(const std::string& question, const std::string& title, platform::Window& owner, bool sound) {
+    return Show(question, MsgStyle::Question, title, owner, sound) == kMsgYes && answered_;
 }
 
 }  // namespace controls

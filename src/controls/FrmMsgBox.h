@@ -23,13 +23,17 @@ public:
     // note) or the sound "SystemQuestion". Timers go on firing while the box is open.
     int Show(const std::string& text, MsgStyle style, const std::string& title, platform::Window& owner,
              bool sound);
+    // A question, asked the same way. True only when the user says Yes: closing the box by its frame is No here, as
+    // what is asked about may be past mending.
+    bool Confirm(const std::string& question, const std::string& title, platform::Window& owner, bool sound);
     int LastAnswer() const { return answer_; }
     // True while a box waits for its answer: not the time for menus that would lead to another one.
     bool Showing() const { return open_ > 0; }
 
 private:
     int answer_ = 0;
-    int open_ = 0;  // boxes; a timer may ask while one is open
+    bool answered_ = false;  // the last box, by button or key
+    int open_ = 0;           // boxes; a timer may ask while one is open
 };
 
 }  // namespace controls

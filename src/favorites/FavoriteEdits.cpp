@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "favorites/FavoritesList.h"
 #include "favorites/ProfileTransfer.h"
 
 namespace favorites {
@@ -35,7 +34,8 @@ bool SetParam(FavoritesList& list, int row, const std::string& param) {
     return list.ReplaceRows({{row, favorite}});
 }
 
-SettingsEdit SetSettings(FavoritesList& list, const std::vector<int>& rows, const SettingsChoice& choice) {
+SettingsEdit SetSettings(FavoritesList& list, const std::vector<int>& rows, const SettingsChoice& choice,
+                         FavoritesList::Select select) {
     SettingsEdit edit;
     std::map<int, Favorite> changed;
     for (const int row : rows) {
@@ -50,7 +50,7 @@ SettingsEdit SetSettings(FavoritesList& list, const std::vector<int>& rows, cons
         if (choice.priority) favorite.priority = *choice.priority;
         changed[row] = favorite;
     }
-    edit.changed = list.ReplaceRows(changed);
+    edit.changed = list.ReplaceRows(changed, select);
     return edit;
 }
 

@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-namespace favorites {
+#include "favorites/FavoritesList.h"
 
-class FavoritesList;
+namespace favorites {
 
 // Gives a row the parameter its program is launched with; tabs and line ends become blanks, because a profile file
 // cannot hold them. Saves, loads again, sorts, and selects that favourite. False when nothing changed.
@@ -25,9 +25,9 @@ struct SettingsEdit {
     bool changed = false;  // something is different now
     bool noCpu = false;    // some favourite would have had no processor left, and has kept its affinity
 };
-// Saves, loads again, sorts, and selects those favourites. The affinity of one that changes names processors up to
-// cpuCount only.
-SettingsEdit SetSettings(FavoritesList& list, const std::vector<int>& rows, const SettingsChoice& choice);
+// Saves, loads again and sorts. The affinity of one that changes names processors up to cpuCount only.
+SettingsEdit SetSettings(FavoritesList& list, const std::vector<int>& rows, const SettingsChoice& choice,
+                         FavoritesList::Select select = FavoritesList::Select::Replaced);
 
 // Copies the selected favourites into another profile, without those it holds already. False when that changed no
 // file; the current profile and names that are no profile are refused.

@@ -111,8 +111,9 @@ int FavoritesList::RemoveRows(const std::vector<int>& rows) {
     return removed;
 }
 
-bool FavoritesList::ReplaceRows(const std::map<int, Favorite>& favorites) {
+bool FavoritesList::ReplaceRows(const std::map<int, Favorite>& favorites, Select select) {
     const LockedList locked(list_);
+    const std::set<std::string> selected = SelectedPaths();
     std::set<std::string> paths;
     bool changed = false;
     for (const auto& [row, favorite] : favorites) {
@@ -128,8 +129,8 @@ bool FavoritesList::ReplaceRows(const std::map<int, Favorite>& favorites) {
     // What could not be written stays in the list, and the next save tries again.
     if (Save()) LoadFavorites();
     SortFavs();
-    SelectPaths(paths);
-    list_.SetSelectedTopPosition(place);
+    SelectPaths(select == Select::Replaced ? paths : selected);
+    if (select == Select::Replaced) list_.SetSelectedTopPosition(place);
     return true;
 }
 

@@ -66,9 +66,11 @@ public:
     int RemoveSelected() { return RemoveRows(SelectedRows()); }
     // The same for these rows; other selected ones stay selected.
     int RemoveRows(const std::vector<int>& rows);
+    // What is selected when rows have been replaced: the favourites of these rows, or what was selected before.
+    enum class Select { Replaced, AsBefore };
     // Puts other favourites in the place of rows. When that changes any: saves, loads again, sorts, and selects
-    // these favourites, which are known by their paths. False when nothing changed.
-    bool ReplaceRows(const std::map<int, Favorite>& favorites);
+    // favourites, which are known by their paths. False when nothing changed.
+    bool ReplaceRows(const std::map<int, Favorite>& favorites, Select select = Select::Replaced);
 
     // Sorts by the column (0..4) and direction last given.
     void SortFavs();

@@ -28,7 +28,6 @@ constexpr int kGap = 7;
 // Enough for sixteen rows, and for names of usual length beside the scroll bar.
 constexpr Size kListSize{260, 292};
 constexpr int kButtonWidth = 128;  // at least
-constexpr Rect kTrial{0, 0, 400, 300};
 
 constexpr std::uint16_t kInsert = 0x2D;  // a virtual key code, as those in platform::key
 
@@ -45,13 +44,7 @@ void DlgHides::ShowModal(platform::Window& owner) {
 }
 
 bool DlgHides::Create(platform::Window& owner) {
-    platform::WindowSpec spec;
-    spec.kind = platform::WindowKind::Dialog;
-    spec.title = kCaption;
-    spec.parent = &owner;
-    spec.bounds = kTrial;
-    spec.iconResource = controls::kProgramIcon;
-    if (!create(spec)) return false;
+    if (!create(controls::DialogSpec(kCaption, owner))) return false;
     // In the order of the Tab key.
     const bool made =
         CreateList(Rect::fromSize({kMargin, kMargin}, kListSize)) &&

@@ -16,8 +16,7 @@ CpuGraphs::Launched CpuGraphs::Launch(const std::string& fileName, platform::Pro
     Release();
     if (iCPU* graph = GraphOf(pid)) {
         if (graph->SameProcess()) {
-            graph->show(ShowCommand::Show);
-            graph->bringToFront();
+            graph->BringForward();
             return Launched::BroughtForward;
         }
         graph->Close();
@@ -59,9 +58,7 @@ platform::Rect CpuGraphs::PlaceFor(int slot) const {
 
 void CpuGraphs::ShowAll() {
     for (const auto& graph : graphs_) {
-        if (!graph) continue;
-        graph->show(ShowCommand::ShowInactive);
-        graph->bringToFront();
+        if (graph) graph->BringForward();
     }
 }
 

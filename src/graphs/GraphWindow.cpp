@@ -4,6 +4,7 @@
 
 #include "graphs/GraphLooks.h"
 #include "platform/Menu.h"
+#include "settings/WindowPosition.h"
 
 namespace graphs {
 
@@ -43,6 +44,15 @@ bool GraphWindow::CreateGraph(const std::string& className, const std::string& t
 void GraphWindow::SetEdgeDetection(bool on) {
     edgeDetection_ = on;
     if (on) MoveInside();
+}
+
+void GraphWindow::BringForward() {
+    if (edgeDetection_) MoveInside();
+    const Rect now = bounds();
+    const Rect reachable = settings::ReachableBounds(now);
+    if (reachable != now) setBounds(reachable);
+    show(platform::ShowCommand::Show);
+    bringToFront();
 }
 
 void GraphWindow::MoveInside() {

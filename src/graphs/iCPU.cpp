@@ -62,7 +62,7 @@ void iCPU::onTimer(int) {
     if (history_.TickDue() && history_.Add(static_cast<int>(meter_.GetCpuUsage()))) Repaint();
     const bool over = PointerOver();
     FollowPointer(over);
-    Explain(over);
+    Explain(over && underPointer());  // another window may lie over it, with a tip of its own
 }
 
 // Each visit of the pointer gets a new tip: its words stay what they were when it came.

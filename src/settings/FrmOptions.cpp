@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "controls/DialogPlace.h"
-#include "controls/Resources.h"
 #include "text/Numbers.h"
 
 namespace settings {
@@ -17,7 +16,6 @@ namespace {
 
 constexpr char kCaption[] = "Kestrum Options";
 constexpr char kMaker[] = "Morvell Software 2010";
-constexpr Rect kTrial{0, 0, 400, 300};
 constexpr Rect kLater{0, 0, 1, 1};
 constexpr int kLevelPage = 10;  // percent
 
@@ -55,13 +53,7 @@ void FrmOptions::Show(platform::Window& owner) {
 }
 
 bool FrmOptions::Create(platform::Window& owner) {
-    platform::WindowSpec spec;
-    spec.kind = platform::WindowKind::Dialog;
-    spec.title = kCaption;
-    spec.parent = &owner;
-    spec.bounds = kTrial;
-    spec.iconResource = controls::kProgramIcon;
-    if (!create(spec)) return false;
+    if (!create(controls::DialogSpec(kCaption, owner))) return false;
     const auto table = OptionTable();
     // In the order of the Tab key: page buttons, what is on the pages, what is below them.
     const bool made =
@@ -174,12 +166,9 @@ void FrmOptions::ShowPage(OptionPage page) {
     }
 }
 
-// The frame got the focus: it belongs to a control. The user comes back from another window, where favourites may
-// have come and gone.
+// The frame got the focus (the user comes back from another window): it belongs to a control.
 void FrmOptions::onFocus(bool gained) {
-    if (!gained) return;
-    RefillProfiles();
-    focus_->focus();
+    if (gained) focus_->focus();
 }
 
 // Keys count when they go down: one that ended a message box is let go over this dialog.

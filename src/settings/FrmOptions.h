@@ -117,8 +117,8 @@ private:
     void StartChanged();
     void StartJrChanged();
     void SaveLevel();
-    int Say(const std::string& text, controls::MsgStyle style, const std::string& title);
-    int Ask(const std::string& question);
+    bool Ask(const std::string& question);
+    bool Sounds() const { return parts_.settings.Number(Key::MsgBeep) == 1; }
 
     Parts parts_;
     std::array<OptionsPageButton, kOptionPages> cmdFrame_;

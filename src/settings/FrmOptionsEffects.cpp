@@ -66,6 +66,16 @@ void FrmOptions::Read(const OptionInfo& info) {
     if (info.kind == OptionKind::Slider) LevelSlider().SetValue(stored);
 }
 
+void FrmOptions::RefillProfiles() {
+    if (!exists()) return;
+    for (const OptionInfo& info : OptionTable()) {
+        if (info.items == OptionItems::Profiles) Fill(info);
+    }
+    Read(InfoOf(Option::CboFav));
+    // Names may be longer than before.
+    setBounds(platform::Rect::fromSize(bounds().origin(), LayOut()));
+}
+
 // The slider counts while the graphs are not transparent.
 void FrmOptions::ShowLevel() {
     const bool transparent = CheckAt(Option::ChkSeeThru).Value();
@@ -169,18 +179,18 @@ void FrmOptions::SaveLevel() {
 }
 
 void FrmOptions::ShadowChanged() {
-    if (Ask("Kestrum must be restarted to see effect. Restart Kestrum 2 now?") != controls::kMsgYes) return;
+    if (!Ask("Kestrum must be restarted to see effect. Restart Kestrum 2 now?")) return;
     SaveLevel();  // before the next copy reads it
     parts_.host.Restart();
 }
 
 void FrmOptions::ResetColumns() {
-    if (Ask("Reset column widths and splitter bar to defaults?") == controls::kMsgNo) return;
+    if (!Ask("Reset column widths and splitter bar to defaults?")) return;
     parts_.host.ResetColumns();
 }
 
 void FrmOptions::RestoreAll() {
-    if (Ask("Delete all saved interface settings and exit?") != controls::kMsgYes) return;
+    if (!Ask("Delete all saved interface settings and exit?")) return;
     levelPending_ = false;  // nothing is to be left behind
     parts_.host.RestoreDefaults();
 }
@@ -188,6 +198,7 @@ void FrmOptions::RestoreAll() {
 // ---- starting with Windows: the program or Kestrum Jr., not both ----
 
 void FrmOptions::StartChanged() {
+    parts_.tips.Remove();
     const bool start = CheckAt(Option::ChkStart).Value();
     if (start) {
         SetStartEntry(kJrStartEntry, parts_.folder, false, {});
@@ -197,11 +208,12 @@ void FrmOptions::StartChanged() {
 }
 
 void FrmOptions::StartJrChanged() {
+    parts_.tips.Remove();
     if (!platform::fileExists(StartProgram(parts_.folder, kJrStartEntry))) {
-        Say(std::string("Missing File: ") + kJrStartEntry + ".exe", controls::MsgStyle::Information,
-            "File Missing");
         CheckAt(Option::ChkStartJr).SetValue(false);
         SetStartEntry(kJrStartEntry, parts_.folder, false, {});
+        parts_.msgBoxes.Show(std::string("Missing File: ") + kJrStartEntry + ".exe",
+                             controls::MsgStyle::Information, "File Missing", *this, Sounds());
         return;
     }
     const int profile = ListAt(Option::CboFavJr).GetIndex();
@@ -217,15 +229,9 @@ void FrmOptions::StartJrChanged() {
     parts_.settings.WriteNumber(Key::JrEnforceInterval, interval);
 }
 
-// ---- messages ----
-
-int FrmOptions::Say(const std::string& text, controls::MsgStyle style, const std::string& title) {
+bool FrmOptions::Ask(const std::string& question) {
     parts_.tips.Remove();
-    return parts_.msgBoxes.Show(text, style, title, *this, parts_.settings.Number(Key::MsgBeep) == 1);
-}
-
-int FrmOptions::Ask(const std::string& question) {
-    return Say(question, controls::MsgStyle::Question, controls::kInfoTitle);
+    return parts_.msgBoxes.Confirm(question, controls::kInfoTitle, *this, Sounds());
 }
 
 }  // namespace settings

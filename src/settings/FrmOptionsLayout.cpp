@@ -137,14 +137,4 @@ Size FrmOptions::PlaceAround(Size page) {
     return {pages.right + kMargin, top + exit.height + kMargin};
 }
 
-void FrmOptions::RefillProfiles() {
-    if (!exists()) return;
-    for (const OptionInfo& info : OptionTable()) {
-        if (info.items == OptionItems::Profiles) Fill(info);
-    }
-    Read(InfoOf(Option::CboFav));
-    // Names may be longer than before.
-    setBounds(Rect::fromSize(bounds().origin(), LayOut()));
-}
-
 }  // namespace settings

@@ -7,7 +7,8 @@
 
 namespace settings {
 
-// Each call comes after the key behind it has been written. A call may destroy the dialog's windows, not its object.
+// Each call comes after the key behind it has been written, but for the level of the slider. A call may destroy the
+// dialog's windows, not its object.
 class OptionsHost {
 public:
     // The user changed a key that has no call of its own below: what of it counts at once is read again.

@@ -135,3 +135,31 @@ TEST_CASE("What is shown is kept when the favourites go out of sight") {
     CHECK_FALSE(Panel::Shown());
     CHECK(Panel::Saved().find(Panel::Line('a', "013\tDefault")) != std::string::npos);
 }
+
+TEST_CASE("The user goes on to another favourite: that one is selected, and what comes next is for it") {
+    Panel desk;
+    desk.Open({0});
+    Panel::ToggleBox(3);
+    sim::whenMenu([](const std::vector<platform::MenuItem>& items) {
+        sim::run(100);  // the panel closes meanwhile
+        return items[4].submenu[1].id;
+    });
+    const platform::Point second{40, 30 + 17};
+    sim::click(desk.form->FavoritesListControl(), second, platform::MouseButton::Right);
+    CHECK_FALSE(Panel::Shown());
+    CHECK(Panel::Saved() == Panel::Line('a', "013\tDefault"));
+    CHECK(sim::file("C:\\Kestrum\\My Favs 2") == kHeader + Panel::Line('b', "12\tLow"));
+}
+
+TEST_CASE("With Auto Set on, new settings count for the programs that are running") {
+    Panel desk;
+    desk.ClickButton(app::button::kAutoSet);
+    const platform::ProcessId id = Machine::Run("C:\\Apps\\a.exe");
+    Machine::Tick(5);
+    REQUIRE(sim::findProcess(id)->affinityMask == 3);
+    desk.Open({0});
+    Panel::ToggleBox(3);
+    sim::pressKey(key::kEscape);
+    Machine::Tick();
+    CHECK(sim::findProcess(id)->affinityMask == 0xB);
+}

@@ -102,8 +102,8 @@ TEST_CASE("The way up and the way down keep their order") {
     }
     SUBCASE("by a restart") {
         form.Restart();
-        CheckOrder({"show Kestrum 2 Hide", "releaseMutex KestrumMutex", "closeMutex KestrumMutex",
-                    "openDocument C:\\Kestrum\\Kestrum2.exe", "destroyTooltip"});
+        CheckOrder({"storeWrite Splitter=", "show Kestrum 2 Hide", "releaseMutex KestrumMutex",
+                    "closeMutex KestrumMutex", "openDocument C:\\Kestrum\\Kestrum2.exe", "trayDelete 1"});
         CHECK(sim::openedDocuments() == std::vector<std::string>{"C:\\Kestrum\\Kestrum2.exe"});
     }
     CheckOrder(wayDown);

@@ -1,4 +1,5 @@
 // The options dialog on the running program: what its changes do there at once.
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -31,6 +32,14 @@ struct Desk : Machine {
         sim::pressKey(key::kHome);
         for (int i = 0; i < index; ++i) sim::pressKey(key::kDown);
         sim::pressKey(key::kEnter);
+    }
+    // What a list shows.
+    static std::string Face(const std::string& name) {
+        std::string shown;
+        for (const sim::Drawn& drawn : sim::paint(*sim::findWindow(name), true)) {
+            if (drawn.what == "text") shown = drawn.text;
+        }
+        return shown;
     }
     static void Answer(std::uint16_t code) {
         sim::whenModal([code](platform::Window&) { sim::pressKey(code); });
@@ -108,20 +117,20 @@ TEST_CASE("Options: a change counts at once") {
         Desk::Click("Show Total /Avg");
         CHECK(sim::findWindow("CPU usage"));
     }
-    SUBCASE("what the lists say of profiles") {
+    SUBCASE("what the lists say of profiles, be one copied to or emptied") {
         desk.form->FavoritesListControl().SelectItem(0, true);
         sim::whenMenu([](const std::vector<platform::MenuItem>& items) { return items[2].submenu[1].id; });
         sim::click(desk.form->FavoritesListControl(), {40, 30}, platform::MouseButton::Right);
+        Desk::Answer('Y');
+        desk.ClickButton(app::button::kRemoveFavorites);
+        Desk::Click("Start Up");
+        CHECK(Desk::Face("CboFavJr") == "My Favs 1 (Empty)");
         Desk::Click("Start Up");
         Desk::Click("CboFav");
         sim::pressKey(key::kHome);
         sim::pressKey(key::kDown);
         sim::pressKey(key::kEnter);
-        std::string shown;
-        for (const sim::Drawn& drawn : sim::paint(*sim::findWindow("CboFav"), true)) {
-            if (drawn.what == "text") shown = drawn.text;
-        }
-        CHECK(shown == "My Favs 2");
+        CHECK(Desk::Face("CboFav") == "My Favs 2");
     }
 }
 
@@ -180,6 +189,18 @@ TEST_CASE("Options: all settings forgotten, and the program begins anew if the u
     }
 }
 
+TEST_CASE("Options: only a Yes deletes, not the answer to an earlier question") {
+    Desk desk;
+    desk.Start();
+    desk.Open();
+    Desk::Answer('Y');
+    Desk::Click("Column Widths");
+    sim::whenModal([](platform::Window& box) { sim::closeBox(box); });
+    Desk::Click("Restore All");
+    CHECK(Desk::Dialog());
+    CHECK(sim::quitCode() == -1);
+}
+
 TEST_CASE("Options: the shadow comes with a restart") {
     Desk desk;
     desk.Start();
@@ -191,4 +212,10 @@ TEST_CASE("Options: the shadow comes with a restart") {
     CHECK(sim::openedDocuments() == std::vector<std::string>{"C:\\Kestrum\\Kestrum2.exe"});
     CHECK(sim::setting(kSection, "Shadow") == "1");
     CHECK(sim::setting(kSection, "TransLevel") == "85");
+    // The next copy finds everything as it was left.
+    const auto log = sim::log();
+    const auto started = std::find_if(log.begin(), log.end(),
+                                      [](const std::string& entry) { return entry.starts_with("openDocument"); });
+    CHECK(
+        std::none_of(started, log.end(), [](const std::string& entry) { return entry.starts_with("storeWrite"); }));
 }
