@@ -32,19 +32,21 @@ HWND CaptureOf(HWND window) {
     return info.hwndCapture;
 }
 
-// Moves the pointer and waits until it stays there: the display server reports each move once more and late. On a
-// busy machine such a report can still put the pointer back for a moment, so gestures are checked and repeated.
+// Moves the pointer and waits until it stays there: the display server reports each move once more and late, and a
+// report from before can put the pointer back, above all when a window comes or goes under it. Then it is moved
+// anew. On a busy machine that can still happen a moment later, so gestures are checked and repeated.
 void MovePointer(Point screen) {
-    SetCursorPos(screen.x, screen.y);
-    int inPlace = 0;
-    WaitFor(
-        [&] {
+    for (int attempt = 0; attempt < 5; ++attempt) {
+        SetCursorPos(screen.x, screen.y);
+        int inPlace = 0;
+        const auto stays = [&] {
             POINT at{};
             GetCursorPos(&at);
             inPlace = at.x == screen.x && at.y == screen.y ? inPlace + 1 : 0;
             return inPlace == 5;
-        },
-        1000);
+        };
+        if (WaitFor(stays, 200)) break;
+    }
     SendMouse(MOUSEEVENTF_MOVE);  // SetCursorPos alone tells the window under the pointer nothing
 }
 
