@@ -22,8 +22,6 @@ LEAST_WINDOWS = {32: (5, 1), 64: (5, 2)}  # XP; XP x64
 # libraries with what they depend on, and the controls, which the manifest binds to the side-by-side store.
 SAFE = {"advapi32.dll", "comctl32.dll", "comdlg32.dll", "gdi32.dll", "kernel32.dll", "msvcrt.dll", "ole32.dll",
         "shell32.dll", "user32.dll"}
-# Looked for beside the program first (psapi.dll: before Windows 7); to be emptied by reaching them another way.
-PLANTABLE = {"msimg32.dll", "psapi.dll"}
 
 SYSTEMS = {"{e2011457-1546-43c5-a5fe-008deee3d3f0}": "Vista", "{35138b9a-5d96-4fbd-8e2d-a2440225f93a}": "7",
            "{4a2f28e3-53b9-4441-ba9c-d69d4a4a6e38}": "8", "{1f676c76-80e1-4239-95bb-83d0f6d0da78}": "8.1",
@@ -81,7 +79,7 @@ def check_loading(image):
         yield "loads libraries late, and looks for them beside the program"
     known = xp_functions(image.bits)
     for library, function in sorted(set(image.imports())):
-        if library.lower() not in SAFE | PLANTABLE:
+        if library.lower() not in SAFE:
             yield f"{library} may be planted beside the program, or is none of Windows' own"
         elif function.startswith("#"):
             yield f"{library}: {function} is asked for by number"

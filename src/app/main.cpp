@@ -1,6 +1,8 @@
 #include "app/Form1.h"
+#include "platform/Libraries.h"
 
 int main() {
+    platform::searchLibrariesInSystemFolderOnly();
     app::Form1 form;
     switch (form.Start()) {
         case app::Form1::StartResult::Running:

@@ -116,7 +116,8 @@ Shown shownThrough(const Window& window) {
     return shown;
 }
 
-// A timer moves on and lets go, as the drag has a message loop of its own.
+// A timer moves on and lets go, as the drag has a message loop of its own. On a busy machine the button may be let
+// go before the drag begins, over some other window, and the drag waits: then it is let go once more.
 void dragOnScreen(Window& window, Point at, Point delta) {
     const Point from = window.toScreen(at);
     const Point to{from.x + delta.x, from.y + delta.y};
@@ -124,7 +125,7 @@ void dragOnScreen(Window& window, Point at, Point delta) {
     movePointer(window, at);
     const platform::TimerHandle hand = platform::startTimer(50, [&ticks, to](std::uintptr_t) {
         if (++ticks == 4) SetCursorPos(to.x, to.y);
-        if (ticks == 8) mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
+        if (ticks >= 8 && ticks % 4 == 0) mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
     });
     mouse_event(MOUSEEVENTF_LEFTDOWN, 0, 0, 0, 0);
     waitFor([&ticks] { return ticks > 8; });

@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "platform/win32/Fonts.h"
-#include "platform/win32/Win32.h"
+#include "platform/win32/SystemLibrary.h"
 #include "platform/win32/WindowData.h"
 
 namespace platform {
@@ -105,7 +105,8 @@ void Canvas::gradient(const Rect& area, Color from, Color to, Direction directio
     TRIVERTEX corners[] = {vertex(area.left, area.top, from), vertex(area.right, area.bottom, to)};
     GRADIENT_RECT mesh{0, 1};
     const ULONG mode = direction == Direction::Horizontal ? GRADIENT_FILL_RECT_H : GRADIENT_FILL_RECT_V;
-    GradientFill(static_cast<HDC>(native_), corners, 2, &mesh, 1, mode);
+    static const auto fill = systemFunction<decltype(&GradientFill)>("msimg32.dll", "GradientFill");
+    if (fill != nullptr) fill(static_cast<HDC>(native_), corners, 2, &mesh, 1, mode);
 }
 
 void Canvas::edge(const Rect& area, Edge kind) {

@@ -3,6 +3,7 @@
 
 #include "platform/Canvas.h"
 #include "platform/win32/Bitmap.h"
+#include "platform/win32/SystemLibrary.h"
 
 namespace platform {
 
@@ -23,7 +24,9 @@ Part existing(const PictureHandle& picture, const Rect& source, Point at) {
 void blend(HDC dc, const Part& part, const PictureHandle& picture) {
     const BitmapDc from(picture);
     const Rect& s = part.source;
-    AlphaBlend(dc, part.at.x, part.at.y, s.width(), s.height(), from.get(), s.left, s.top, s.width(), s.height(),
+    static const auto blendAlpha = systemFunction<decltype(&AlphaBlend)>("msimg32.dll", "AlphaBlend");
+    if (blendAlpha == nullptr) return;
+    blendAlpha(dc, part.at.x, part.at.y, s.width(), s.height(), from.get(), s.left, s.top, s.width(), s.height(),
                {AC_SRC_OVER, 0, 255, AC_SRC_ALPHA});
 }
 
@@ -86,8 +89,9 @@ void Canvas::maskedPicture(Point at, const PictureHandle& picture, const Rect& s
         return;
     }
     const BitmapDc from(picture);
-    TransparentBlt(dc, part.at.x, part.at.y, s.width(), s.height(), from.get(), s.left, s.top, s.width(),
-                   s.height(), mask);
+    static const auto copy = systemFunction<decltype(&TransparentBlt)>("msimg32.dll", "TransparentBlt");
+    if (copy == nullptr) return;
+    copy(dc, part.at.x, part.at.y, s.width(), s.height(), from.get(), s.left, s.top, s.width(), s.height(), mask);
 }
 
 void Canvas::disabledPicture(Point at, const PictureHandle& picture, const Rect& source, Color mask) {

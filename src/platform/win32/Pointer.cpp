@@ -1,6 +1,6 @@
 // The shape of the mouse pointer.
 #include "platform/Window.h"
-#include "platform/win32/Win32.h"
+#include "platform/win32/SystemLibrary.h"
 #include "platform/win32/WindowData.h"
 
 namespace platform {
@@ -23,7 +23,7 @@ BusyState& busyState() {
 // Found once and kept: the pointers live in the system's library.
 HCURSOR dropCursor() {
     constexpr WORD kCopy = 3;
-    static const HMODULE library = LoadLibraryExA("ole32.dll", nullptr, LOAD_LIBRARY_AS_DATAFILE);
+    static const HMODULE library = systemLibraryResources("ole32.dll");
     const HCURSOR copy = library == nullptr ? nullptr : LoadCursorA(library, MAKEINTRESOURCEA(kCopy));
     return copy != nullptr ? copy : LoadCursorA(nullptr, IDC_UPARROW);
 }

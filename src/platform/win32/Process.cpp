@@ -1,10 +1,9 @@
 #include "platform/Process.h"
 
-#include "platform/win32/Win32.h"
+#include "platform/win32/SystemLibrary.h"
 #include "platform/win32/WineProcesses.h"
 
-// The functions are to come from psapi.dll, where XP has them, not from the kernel32 of later systems.
-#define PSAPI_VERSION 1
+#define PSAPI_VERSION 1  // the names of XP
 #include <psapi.h>
 
 namespace platform {
@@ -16,6 +15,22 @@ HANDLE handleOf(const ProcessHandle& process) {
 }
 HANDLE handleOf(const TokenHandle& token) {
     return reinterpret_cast<HANDLE>(token.raw());
+}
+
+// Of every Windows; before 7 the loader would look for their library beside the program.
+struct ProcessStatus {
+    template <class Function>
+    static Function* find(const char* name) {
+        return systemFunction<Function*>("psapi.dll", name);
+    }
+    decltype(&EnumProcesses) enumProcesses = find<decltype(EnumProcesses)>("EnumProcesses");
+    decltype(&GetProcessMemoryInfo) memoryInfo = find<decltype(GetProcessMemoryInfo)>("GetProcessMemoryInfo");
+    decltype(&GetModuleFileNameExA) moduleFileName = find<decltype(GetModuleFileNameExA)>("GetModuleFileNameExA");
+};
+
+const ProcessStatus& processStatus() {
+    static const ProcessStatus functions;
+    return functions;
 }
 
 std::uint64_t toNumber(const FILETIME& time) {
@@ -46,7 +61,7 @@ bool enumerateProcesses(std::vector<ProcessId>& ids) {
         const DWORD bytes = static_cast<DWORD>(room * sizeof(DWORD));
         DWORD used = 0;
         static_assert(sizeof(ProcessId) == sizeof(DWORD));
-        if (EnumProcesses(reinterpret_cast<DWORD*>(ids.data()), bytes, &used) == 0) break;
+        if (processStatus().enumProcesses(reinterpret_cast<DWORD*>(ids.data()), bytes, &used) == 0) break;
         if (used < bytes) {
             ids.resize(used / sizeof(DWORD));
             return true;
@@ -87,13 +102,13 @@ std::optional<std::uint64_t> workingSetBytes(const ProcessHandle& process) {
     PROCESS_MEMORY_COUNTERS counters = {};
     static_assert(sizeof(void*) == 8 || sizeof counters == 40);
     counters.cb = sizeof counters;
-    if (GetProcessMemoryInfo(handleOf(process), &counters, sizeof counters) == 0) return std::nullopt;
+    if (processStatus().memoryInfo(handleOf(process), &counters, sizeof counters) == 0) return std::nullopt;
     return counters.WorkingSetSize;
 }
 
 std::optional<std::string> moduleFileName(const ProcessHandle& process) {
     char path[260];
-    const DWORD length = GetModuleFileNameExA(handleOf(process), nullptr, path, sizeof path);
+    const DWORD length = processStatus().moduleFileName(handleOf(process), nullptr, path, sizeof path);
     if (length == 0 || length > sizeof path) return std::nullopt;
     return std::string(path, length);
 }

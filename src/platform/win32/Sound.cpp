@@ -1,6 +1,6 @@
 #include "platform/Sound.h"
 
-#include "platform/win32/Win32.h"
+#include "platform/win32/SystemLibrary.h"
 
 #include <mmsystem.h>
 
@@ -12,9 +12,7 @@ void beep() {
 
 void playSound(const std::string& alias) {
     // Loaded with the first sound: the library takes memory that a program in the background need not have.
-    static const HMODULE library = LoadLibraryA("winmm.dll");
-    static const auto play =
-        library == nullptr ? nullptr : systemFunction<decltype(&PlaySoundA)>("winmm.dll", "PlaySoundA");
+    static const auto play = systemFunction<decltype(&PlaySoundA)>("winmm.dll", "PlaySoundA");
     if (play != nullptr) play(alias.c_str(), nullptr, SND_ALIAS | SND_ASYNC | SND_NODEFAULT);
 }
 

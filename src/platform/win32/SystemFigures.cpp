@@ -4,7 +4,7 @@
 
 #include "platform/Machine.h"
 #include "platform/win32/RegistryKey.h"
-#include "platform/win32/Win32.h"
+#include "platform/win32/SystemLibrary.h"
 
 namespace platform {
 

@@ -15,6 +15,13 @@ void makeOrdinary(HWND hwnd) {
     RedrawWindow(hwnd, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME | RDW_ALLCHILDREN);
 }
 
+// Both by the message that is at work and by now: let go in between, over another window, nothing would end the
+// drag.
+bool firstButtonHeld() {
+    const int button = GetSystemMetrics(SM_SWAPBUTTON) != 0 ? VK_RBUTTON : VK_LBUTTON;
+    return GetKeyState(VK_LBUTTON) < 0 && GetAsyncKeyState(button) < 0;
+}
+
 }  // namespace
 
 bool Window::setTranslucency(std::uint8_t alpha, std::optional<Color> hole) {
@@ -36,8 +43,7 @@ bool Window::setTranslucency(std::uint8_t alpha, std::optional<Color> hole) {
 void Window::dragAsByCaption() {
     const HWND hwnd = hwndOf(*this);
     WindowData* data = native_ != 0 ? dataOf(hwnd) : nullptr;
-    // When the button is up already nothing would end the drag.
-    if (data == nullptr || GetKeyState(VK_LBUTTON) >= 0) return;
+    if (data == nullptr || !firstButtonHeld()) return;
     const auto pressedAt = static_cast<LPARAM>(GetMessagePos());
     data->dragged = true;
     ReleaseCapture();  // which may be the window's end

@@ -1,6 +1,6 @@
 // The window procedure: decodes each message once and hands it to the window's handler. One function per family;
 // what a function answers with is final, nothing means that Windows' own procedure takes the message too.
-#include "platform/win32/Win32.h"
+#include "platform/win32/SystemLibrary.h"
 
 #include <shellapi.h>
 #include <windowsx.h>

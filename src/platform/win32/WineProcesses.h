@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "platform/Process.h"
-#include "platform/win32/Win32.h"
+#include "platform/win32/SystemLibrary.h"
 
 namespace platform::wine {
 
