@@ -38,8 +38,6 @@ trap 'kill $wine 2>/dev/null || true' EXIT
 for preset in native win64 win32; do
     step "building $preset" build "$preset" all
 done
-# Only what these are for: the tests run natively with sanitizers already.
-step "building the benchmarks" build native-release bench/all
 if command -v clang++ >/dev/null; then
     step "building the fuzz targets" build fuzz fuzz/all
 fi
