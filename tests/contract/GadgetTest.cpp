@@ -33,6 +33,16 @@ struct OnDesktop : Desk {
             return has(log, event);
         });
     }
+    // A display may still show the other window on top, and a click there raises that one: both are done anew.
+    bool clickRaised(Probe& upper, Point at, const std::string& event, const std::string& other) {
+        return waitFor([&] {
+            upper.bringToFront();
+            log.clear();
+            contract::clickOnScreen(gadget, at);
+            pumpMessages();
+            return has(log, event) && !has(log, other);
+        });
+    }
 };
 
 bool isAbove(const Window& upper, const Window& lower) {
@@ -101,13 +111,10 @@ TEST_CASE("of gadgets that overlap the uppermost gets the mouse") {
     REQUIRE(second.createGadget(kPlace.offset(40, 20)));
     second.show(ShowCommand::Show);
     CHECK(waitFor([&] { return isAbove(second, on.gadget); }));
-    CHECK(on.click(on.gadget, {60, 50}, "second up left 20,30"));
-    CHECK_FALSE(has(on.log, "gadget up left 60,50"));
+    CHECK(on.clickRaised(second, {60, 50}, "second up left 20,30", "gadget up left 60,50"));
     on.gadget.bringToFront();
     CHECK(waitFor([&] { return isAbove(on.gadget, second); }));
-    on.log.clear();
-    CHECK(on.click(on.gadget, {60, 50}, "gadget up left 60,50"));
-    CHECK_FALSE(has(on.log, "second up left 20,30"));
+    CHECK(on.clickRaised(on.gadget, {60, 50}, "gadget up left 60,50", "second up left 20,30"));
     second.setTopmost(true);
     CHECK(waitFor([&] { return isAbove(second, on.gadget); }));
     CHECK(on.click(on.gadget, {61, 51}, "second up left 21,31"));
@@ -167,9 +174,12 @@ TEST_CASE("a gadget is dragged by any place of it, while timers go on") {
     CHECK_FALSE(has(on.log, "gadget up left 30,40"));  // the drag took it
     CHECK(dragged({119, 1}, {-200, 10}));
     SUBCASE("let go where it was pressed, it stays where it is") {
-        on.gadget.setBounds(kPlace);
-        on.log.clear();
-        CHECK(on.click(on.gadget, {50, 50}, "gadget dragged"));
+        CHECK(waitFor([&] {
+            on.gadget.setBounds(kPlace);
+            on.log.clear();
+            contract::dragOnScreen(on.gadget, {50, 50}, {0, 0});
+            return has(on.log, "gadget dragged");
+        }));
         CHECK(on.gadget.bounds() == kPlace);
         CHECK_FALSE(has(on.log, "gadget up left 50,50"));
     }
