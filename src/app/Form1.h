@@ -69,6 +69,7 @@ public:
     AffinityBoxes& CpuAffinity() { return affinityBoxes_; }
     TrayCommands& Tray() { return trayCommands_; }
     RefreshCycle& Refresh() { return refresh_; }
+    graphs::FrmColorMeter& TotalGraph() { return totalGraph_; }
     graphs::CpuGraphs& Graphs() { return graphs_; }
 
 protected:
