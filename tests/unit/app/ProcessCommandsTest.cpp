@@ -176,6 +176,21 @@ TEST_CASE("Terminate ends what was meant when it was asked, and nothing else") {
         CHECK(Told().size() == 1);
         CHECK(desk.RowOf(three) == -1);
     }
+    SUBCASE("nor when the list was to be rebuilt while the menu was open") {
+        desk.Select({three});
+        sim::setPointer(desk.form_->ProcessList(), desk.RowPoint(three));
+        sim::mouseDown(desk.form_->ProcessList(), desk.RowPoint(three), platform::MouseButton::Right);
+        sim::whenMenu([&](const std::vector<platform::MenuItem>&) {
+            sim::endProcess(three);
+            desk.form_->Refresh().FullRebuild();  // another profile, by its hotkey
+            return app::command::kTerminate;
+        });
+        Answer('Y');
+        sim::mouseUp(desk.form_->ProcessList(), {40, 30}, platform::MouseButton::Right);
+        CHECK(there(one));
+        CHECK(there(two));
+        CHECK(desk.RowOf(three) == -1);
+    }
     SUBCASE("up to the first that cannot be ended") {
         sim::findProcess(two)->deniedRights = kDenyTerminate;
         desk.Select({one, two, three});

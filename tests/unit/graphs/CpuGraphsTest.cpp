@@ -143,7 +143,11 @@ TEST_CASE_FIXTURE(Desk, "a place off every screen is brought back; a small scree
     CHECK(Open().bounds() == Rect{1179, 668, 1280, 770});  // edge detection
     options.edgeDetection = false;
     settings.WriteGraphPlace(3, 700, 1250);
-    CHECK(Open().bounds().origin() == Point{1250, 700});
+    graphs::iCPU& far = Open();
+    CHECK(far.bounds().origin() == Point{1250, 700});
+    sim::setScreens({{0, 0, 800, 600}});  // one is unplugged
+    graphs.ShowAll();
+    CHECK_FALSE(far.bounds().intersect({0, 0, 800, 570}).empty());
     graphs.CloseAll();
     settings.ForgetGraphPlaces();
     sim::setScreens({{0, 0, 320, 240}});

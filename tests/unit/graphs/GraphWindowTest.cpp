@@ -249,6 +249,12 @@ TEST_CASE_FIXTURE(Desk, "a tip tells of the process while the pointer is over it
     Choose(graph, "", [&](const auto&) { CHECK(said().empty()); });
     Tick();
     CHECK_FALSE(said().empty());
+    // Nor of one that lies below another at the same place.
+    Open("covered.exe").setBounds(graph.bounds());
+    graph.bringToFront();
+    sim::setPointer(graph, {50, 50});
+    Tick(3);
+    CHECK(said().ends_with("PID: " + std::to_string(graph.PID())));
     graphs.CloseAll();
     CHECK(sim::openHandles("tooltip") == 0);
 
