@@ -183,6 +183,7 @@ TEST_CASE("Terminate ends what was meant when it was asked, and nothing else") {
         sim::whenMenu([&](const std::vector<platform::MenuItem>&) {
             sim::endProcess(three);
             desk.form_->Refresh().FullRebuild();  // another profile, by its hotkey
+            CHECK(desk.RowOf(three) >= 0);        // what the menu is about stays in sight
             return app::command::kTerminate;
         });
         Answer('Y');
