@@ -1,7 +1,9 @@
 #!/usr/bin/env python3
 """Checks what no compiler checks: the layering of src/, Windows staying below the platform seam, headers that
-compile alone, formatting, paths of a developer's machine. Prints each finding as FILE:LINE: TEXT; exit code 1
-when there is one. `--self-test` proves that each rule catches its violation."""
+compile alone, formatting, paths of a developer's machine, a help page that needs nothing else and leaves no option
+out. Prints each finding as FILE:LINE: TEXT; exit code 1 when there is one. `--self-test` proves that each rule
+catches its violation."""
+import html
 import os
 import re
 import subprocess
@@ -71,6 +73,24 @@ def check_paths(name, text):
             for number, line in enumerate(text.split("\n"), 1) if MACHINE_PATH.search(line)]
 
 
+def option_captions(table):
+    """The captions of the options table: the second text of each of its rows."""
+    return re.findall(r'^ *\{Option::\w+,[^"]*"\w+", "([^"]+)"', table, flags=re.M)
+
+
+def check_help(text, captions):
+    """Findings of the help page: what it would fetch from elsewhere, and options it does not tell of."""
+    name, found = "assets/Help.htm", []
+    for number, line in enumerate(text.split("\n"), 1):
+        if re.search(r"https?:|\bsrc\s*=\s*(?![\"']data:)|url\(|@import|<link|<script", line, flags=re.I):
+            found.append(f"{name}:{number}: refers to something outside itself")
+    words = " ".join(html.unescape(re.sub(r"<style.*?</style>|<[^>]*>", "", text, flags=re.S)).split())
+    found += [f"{name}:1: nothing about the option '{caption}'" for caption in captions if caption not in words]
+    anchors = set(re.findall(r'\bid="([^"]*)"', text))
+    return found + [f"{name}:1: no section '{target}'" for target in re.findall(r'href="#([^"]*)"', text)
+                    if target not in anchors]
+
+
 def files(folder, endings):
     for path, folders, names in os.walk(os.path.join(ROOT, folder)):
         folders[:] = [f for f in folders if f != "corpus"]
@@ -112,6 +132,8 @@ def check_all():
                             ("assets", (".py", ".rc", ".svg", ".htm"))):
         for name in files(folder, endings):
             found += check_paths(name, read(name))
+    captions = option_captions(read("src/settings/OptionsTable.cpp"))
+    found += check_help(read("assets/Help.htm"), captions) if captions else ["src/settings: no options found"]
     found += check_headers([n for n in sources if n.endswith(".h")])
     return found + check_format()
 
@@ -135,6 +157,14 @@ def self_test():
     assert check_source("platform/win32/A.cpp", "HWND window;\n#ifdef _WIN64") == []
     assert len(check_source("text/A.h", "int F();")) == 1, "missing #pragma once not caught"
     assert len(check_paths("docs/a.md", "see /home/me/x")) == 1 and check_paths("docs/a.md", "build/tmp/x") == []
+    captions = option_captions('  {Option::A, kMisc, 0, 0, kCheck, "A", "Show &", kNoKey, kNone,\n   "Tip", "Text"},\n'
+                               '  {Option::B, kBelow, -1, -1, kButton, "B", "Stay", kNoKey, kNone,')
+    assert captions == ["Show &", "Stay"], captions
+    page = '<b>Show\n&amp;</b> Stay <a href="#a" id="a"><img src="data:image/png;base64,aa">'
+    assert check_help(page, captions) == [], "a good help page caught"
+    for bad in (page + '<img src="a.png">', page + "<a href='http://a'>", page.replace("Stay", "<i id='Stay'>"),
+                page.replace("#a", "#b")):
+        assert len(check_help(bad, captions)) == 1, f"not caught: {bad}"
     with tempfile.NamedTemporaryFile("w", suffix=".h", dir=os.path.join(ROOT, "build")) as header:
         header.write("std::string Lost();\n")
         header.flush()
