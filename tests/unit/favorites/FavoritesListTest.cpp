@@ -1,60 +1,23 @@
 #include "favorites/FavoritesList.h"
 
-#include <doctest/doctest.h>
-
-#include "favorites/Profiles.h"
+#include "FavoritesFixture.h"
 #include "platform/Files.h"
-#include "platform/sim/Sim.h"
 
-namespace sim = platform::sim;
+using namespace favoritestest;
 using favorites::AddFavResult;
-using favorites::Favorite;
-using Names = std::vector<std::string>;
 
 namespace {
 
-const std::string kBase = "C:\\Kestrum\\";
 const std::string kProfile = kBase + "My Favs 1";
-const std::string kHeader = "[Kestrum 2 - Morvell Software 2010]\r\n";
 
 std::string Line(const std::string& name, const std::string& rest = "") {
     return name + "\t0\tHigh\tC:\\" + name + "\t" + rest + "\r\n";
 }
 
-// A window with a favourites list on a machine where C:\a.exe, C:\b.exe and C:\C.EXE exist.
-struct Bench {
-    Bench() {
-        platform::WindowSpec spec;
-        spec.kind = platform::WindowKind::Main;
-        spec.bounds = {0, 0, 500, 300};
-        REQUIRE(window.create(spec));
-        REQUIRE(list.Create(window, "UcList12", {0, 0, 480, 250}));
-        controls::UcListProperties properties;
-        properties.headerProperties = favorites::kFavoritesHeader;
-        properties.columnCount = favorites::kFavoritesColumnCount;
-        properties.columnMaxSeen = favorites::kFavoritesColumnMaxSeen;
-        list.ReadProperties(properties);
-        window.show(platform::ShowCommand::Show);
-        favorites::CreateFolders(kBase);
-        for (const char* path : {"C:\\a.exe", "C:\\b.exe", "C:\\C.EXE"}) sim::putFile(path, "");
-    }
-    Names Shown() const {
-        Names names;
-        for (const Favorite& row : favs.Rows()) names.push_back(row.name);
-        return names;
-    }
-    static std::string Saved() { return sim::file(kProfile).value_or("(no file)"); }
-
-    struct Fresh {
-        Fresh() { sim::reset(); }
-    } fresh;
-    platform::Window window;
-    controls::UcList1 list;
-    Names balloons;
-    favorites::FavoritesList favs{
-        list, kBase, [this](const std::string& text, const std::string& title, platform::BalloonIcon icon) {
-            balloons.push_back(title + "|" + text + "|" + (icon == platform::BalloonIcon::Info ? "info" : "other"));
-        }};
+struct Bench : FavoritesBench {
+    Bench() : FavoritesBench({"C:\\a.exe", "C:\\b.exe", "C:\\C.EXE"}) {}
+    Names Shown() const { return NamesOf(favs.Rows()); }
+    static std::string Saved() { return favoritestest::Saved("My Favs 1"); }
 };
 
 }  // namespace

@@ -1,26 +1,18 @@
 // Copying and moving favourites between profiles, and editing them, down to what is in the files.
 #include "favorites/ProfileTransfer.h"
 
-#include <doctest/doctest.h>
-
+#include "FavoritesFixture.h"
 #include "favorites/FavoriteEdits.h"
-#include "favorites/FavoritesList.h"
 #include "favorites/ProfileFile.h"
-#include "favorites/Profiles.h"
 #include "platform/Files.h"
-#include "platform/sim/Sim.h"
 #include "text/Case.h"
 
-namespace sim = platform::sim;
-using favorites::Favorite;
-using Names = std::vector<std::string>;
+using namespace favoritestest;
 
 namespace {
 
-const std::string kBase = "C:\\Kestrum\\";
 const std::string kSource = "My Favs 1";
 const std::string kTarget = "My Favs 3";
-const std::string kHeader = "[Kestrum 2 - Morvell Software 2010]\r\n";
 const std::string kNoFile = "(no file)";
 
 Favorite Fav(const std::string& path, const std::string& param = "") {
@@ -29,28 +21,13 @@ Favorite Fav(const std::string& path, const std::string& param = "") {
 std::string Line(const std::string& path, const std::string& param = "") {
     return favorites::FormatLine(Fav(path, param));
 }
-std::string Saved(const std::string& name) {
-    return sim::file(kBase + name).value_or(kNoFile);
-}
 bool Copy(const std::vector<Favorite>& rows, const std::string& name = kTarget) {
     return favorites::CopyToProfile(rows, kBase, name);
 }
 
 // A list that shows profile 1 with C:\a.exe, C:\b.exe and C:\c.exe; the first two are selected.
-struct Bench {
-    Bench() {
-        platform::WindowSpec spec;
-        spec.kind = platform::WindowKind::Main;
-        spec.bounds = {0, 0, 500, 300};
-        REQUIRE(window.create(spec));
-        REQUIRE(list.Create(window, "UcList12", {0, 0, 480, 250}));
-        controls::UcListProperties properties;
-        properties.headerProperties = favorites::kFavoritesHeader;
-        properties.columnCount = favorites::kFavoritesColumnCount;
-        properties.columnMaxSeen = favorites::kFavoritesColumnMaxSeen;
-        list.ReadProperties(properties);
-        favorites::CreateFolders(kBase);
-        for (const char* path : {"C:\\a.exe", "C:\\b.exe", "C:\\c.exe"}) sim::putFile(path, "");
+struct Bench : FavoritesBench {
+    Bench() : FavoritesBench({"C:\\a.exe", "C:\\b.exe", "C:\\c.exe"}) {
         sim::putFile(kBase + kSource, kHeader + Line("C:\\a.exe") + Line("C:\\b.exe", "-b") + Line("C:\\c.exe"));
         favs.LoadFavorites();
         favs.SortFavs();
@@ -60,19 +37,7 @@ struct Bench {
         for (int row = 0; row < favs.Count(); ++row) list.SelectItem(row, false);
         for (const int row : rows) list.SelectItem(row, true);
     }
-    Names Selected() const {
-        Names names;
-        for (const Favorite& favorite : favs.SelectedFavorites()) names.push_back(favorite.name);
-        return names;
-    }
-
-    struct Fresh {
-        Fresh() { sim::reset(); }
-    } fresh;
-    platform::Window window;
-    controls::UcList1 list;
-    favorites::FavoritesList favs{list, kBase,
-                                  [](const std::string&, const std::string&, platform::BalloonIcon) {}};
+    Names Selected() const { return NamesOf(favs.SelectedFavorites()); }
 };
 
 }  // namespace
