@@ -180,6 +180,8 @@ click_at() { click $at "$1"; }
 
 setting() { wine reg add 'HKCU\Software\Morvell\Kestrum2' /v "$1" /d "$2" /f >/dev/null 2>&1; }
 
+main_shown() { xdotool search --onlyvisible --name '^Kestrum 2$' >/dev/null 2>&1; }
+
 # Programs of friendly names. One of them works, now more, now less, as long as it runs: see `load`.
 start_programs() {
     local name
@@ -237,7 +239,7 @@ start_main() {
     setting AutoSet 1
     setting TtlOnStart 1
     wine 'C:\Kestrum2\Kestrum2.exe' >/dev/null 2>&1 &
-    bed_wait_for 30 xdotool search --onlyvisible --name '^Kestrum 2$' >/dev/null 2>&1 || fail "the main window did not come"
+    bed_wait_for 30 main_shown || fail "the main window did not come"
     # The list is there when Auto Set has done its work.
     wine build/win64/tests/desktop/proclist.exe --wait Player.exe --affinity 0x2 --class 32768 --timeout 20 \
         >/dev/null 2>&1 || fail "Auto Set did nothing"
@@ -388,7 +390,7 @@ take_jr() {
     wine 'C:\Kestrum2\Kestrum_Jr.exe' /My Favs 1 >/dev/null 2>&1 &
     take_tray jrmenu
 }
-main_gone() { ! xdotool search --onlyvisible --name '^Kestrum 2$' >/dev/null 2>&1; }
+main_gone() { ! main_shown; }
 
 # ---- everything ----
 
