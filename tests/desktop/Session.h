@@ -84,6 +84,7 @@ public:
     void ClickToolBar2(int button,
                        int aside) const;  // `aside`: pixels beside the first click, against double clicks
     bool Running() const { return process_->Running(); }
+    const Process& Program() const { return *process_; }
     bool End();  // ends the program as log-off does; false when it doesn't end
     // Waits until the program, which was asked to, has ended.
     bool WaitForEnd() const { return process_->WaitForEnd(); }
