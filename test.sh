@@ -1,8 +1,14 @@
 #!/usr/bin/env bash
 # Builds and tests everything: natively with sanitizers, both Windows builds under Wine, the fuzz targets, the
-# sources. Ends with CTest's summary. Arguments go to CTest, e.g. ./test.sh -R desktop
+# sources. Ends with CTest's summary. Arguments go to CTest, e.g. ./test.sh -R desktop. With --long before them each
+# fuzz target gets a minute, and tests that take minutes run as well (KESTRUM_LONG).
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
+
+if [[ ${1:-} == --long ]]; then
+    shift
+    export KESTRUM_LONG=1 FUZZ_SECONDS=${FUZZ_SECONDS:-60}
+fi
 
 step() {
     local start=$SECONDS name=$1

@@ -17,7 +17,7 @@ kestrum_wine_test(win32_desktop --i386 build/win32/tests/desktop/desktop.exe Z:$
 kestrum_wine_test(win32_handles --i386 build/win32/tests/handles/handles.exe)
 
 add_test(NAME fuzz COMMAND ${root}/tools/fuzz-smoke.sh)
-set_tests_properties(fuzz PROPERTIES SKIP_RETURN_CODE 77 TIMEOUT 300)
+set_tests_properties(fuzz PROPERTIES SKIP_RETURN_CODE 77 TIMEOUT 900)  # with test.sh --long
 
 add_test(NAME sources COMMAND ${root}/tools/check-sources.py)
 add_test(NAME sources_self_test COMMAND ${root}/tools/check-sources.py --self-test)
