@@ -1,12 +1,18 @@
 // The whole program on the simulated machine: whatever users, files and other programs do, it goes on, ends when it
 // is told to, leaves nothing open, and starts again.
+#include <algorithm>
+#include <cstdio>
+#include <optional>
+#include <string>
+#include <vector>
+
 #include "Bytes.h"
 #include "Fuzz.h"
 #include "MachineSteps.h"
 #include "UserSteps.h"
 #include "app/Form1.h"
-#include "favorites/ProfileFile.h"
 #include "platform/sim/Sim.h"
+#include "settings/SettingKeys.h"
 
 namespace sim = platform::sim;
 using app::Form1;
@@ -42,24 +48,50 @@ void End(Form1& form) {
     fuzz::Require(!form.exists() && sim::quitCode() == 0);
 }
 
-void Use(Form1& form, fuzz::Bytes& bytes) {
+// What is there of the favourites when the program has ended; nullopt when they need not be the same at the next
+// start: it did not run, all was forgotten, or files and settings were not left to the program.
+using Favorites = std::optional<std::vector<std::string>>;
+
+Favorites Use(Form1& form, fuzz::Bytes& bytes) {
     fuzz::User user(form, bytes);
     user.Attend();
-    if (form.Start() == Form1::StartResult::Running) {
-        for (int steps = 0; steps < kMostSteps && !bytes.Empty() && !Ended(form); ++steps) {
-            user.Do(fuzz::NextStep(bytes));
-            RequireSane(form);
-        }
-        End(form);
+    if (form.Start() != Form1::StartResult::Running) return std::nullopt;
+    for (int steps = 0; steps < kMostSteps && !bytes.Empty() && !Ended(form); ++steps) {
+        user.Do(fuzz::NextStep(bytes));
+        RequireSane(form);
     }
+    End(form);
+    const bool saved = sim::setting(settings::kSection, "FavColSort").has_value();
+    if (user.Meddled() || !saved) return std::nullopt;
+    const controls::UcList1& list = form.FavoritesListControl();
+    std::vector<std::string> rows;
+    for (int row = 0; row < list.ListCount(); ++row) {
+        std::string& text = rows.emplace_back();
+        for (int column = 0; column < list.ColumnMaxSeen(); ++column) text += list.CellText(row, column) + '\t';
+    }
+    std::sort(rows.begin(), rows.end());
+    return rows;
 }
 
-void RunOnce(fuzz::Bytes& bytes) {
+Favorites RunOnce(fuzz::Bytes& bytes) {
+    Favorites favorites;
     {
         Form1 form;
-        Use(form, bytes);
+        favorites = Use(form, bytes);
     }
     fuzz::Require(sim::openHandles() == 0);
+    return favorites;
+}
+
+void Print(const char* when, const std::vector<std::string>& rows) {
+    for (const std::string& row : rows) std::fprintf(stderr, "%s: %s\n", when, row.c_str());
+}
+
+void RequireSame(const std::vector<std::string>& left, const std::vector<std::string>& found) {
+    if (left == found) return;
+    Print("left", left);
+    Print("found", found);
+    fuzz::Require(false);
 }
 
 }  // namespace
@@ -67,14 +99,18 @@ void RunOnce(fuzz::Bytes& bytes) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     fuzz::FurnishMachine();
     fuzz::Bytes bytes(data, size);
+    bool failing = false;
     for (int before = bytes.Below(16); before > 0; --before) {
-        fuzz::ChangeMachine(fuzz::NextStep(bytes), fuzz::When::BeforeStart);
+        const fuzz::Step step = fuzz::NextStep(bytes);
+        fuzz::ChangeMachine(step, fuzz::When::BeforeStart);
+        failing = failing || fuzz::Meddles(step);
     }
-    RunOnce(bytes);
-    // Whatever it left behind, the next start comes to terms with it.
+    const Favorites left = RunOnce(bytes);
+    // Whatever it left behind, the next start comes to terms with it, and finds the favourites as they were.
     fuzz::MendMachine();
     sim::startAgain();
     fuzz::Bytes nothing(data, 0);
-    RunOnce(nothing);
+    const Favorites found = RunOnce(nothing);
+    if (!failing && left && found) RequireSame(*left, *found);
     return 0;
 }

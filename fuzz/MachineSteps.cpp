@@ -14,6 +14,9 @@ namespace sim = platform::sim;
 
 namespace {
 
+// Kinds of steps.
+constexpr int kSetting = 2, kFile = 3, kFailingFiles = 4, kKinds = 8;
+
 constexpr const char* kPrograms[] = {
     "C:\\Apps\\fav.exe",   "C:\\Apps\\GAME.EXE",        "C:\\Apps\\a.exe",
     "C:\\Apps\\x",         "C:\\Apps\\MyTool.scr",      "C:\\Apps\\\xC3\xA4.exe",
@@ -261,21 +264,26 @@ void MendMachine() {
     for (int call = 0; call < 7; ++call) FailCalls({0, call, 0, 0});
 }
 
+bool Meddles(const Step& step) {
+    const int kind = step.kind % kKinds;
+    return kind == kSetting || kind == kFile || kind == kFailingFiles;
+}
+
 void ChangeMachine(const Step& step, When when) {
-    switch (step.kind % 8) {
+    switch (step.kind % kKinds) {
         case 0:
             AddProcess(step);
             break;
         case 1:
             ChangeProcess(step);
             break;
-        case 2:
+        case kSetting:
             PutSetting(step);
             break;
-        case 3:
+        case kFile:
             PutFile(step);
             break;
-        case 4:
+        case kFailingFiles:
             FailFiles(step);
             break;
         case 5:

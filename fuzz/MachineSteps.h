@@ -10,6 +10,8 @@ namespace fuzz {
 enum class When { BeforeStart, Running };
 
 void ChangeMachine(const Step& step, When when);
+// True when that step changes files or settings, or makes them fail.
+bool Meddles(const Step& step);
 
 // Programs with icons and a few files for them to come from.
 void FurnishMachine();

@@ -166,7 +166,8 @@ void User::OnDesktop(const Step& step) {
     const platform::Point screen{step.b * 5, step.c * 3};
     switch (step.a % 13) {
         case 0:
-            sim::dragFrame(form_, platform::Rect::fromSize({step.b, step.c}, {step.b * 6, step.c * 4}));
+            if (form_.visible())
+                sim::dragFrame(form_, platform::Rect::fromSize({step.b, step.c}, {step.b * 6, step.c * 4}));
             break;
         case 1:
             if (form_.exists()) form_.show(static_cast<platform::ShowCommand>(step.b % 6));
@@ -212,6 +213,11 @@ void User::InTray(const Step& step) {
     sim::trayEvent(static_cast<platform::TrayEvent>(step.b % 4));
 }
 
+void User::Befall(const Step& step) {
+    meddled_ = meddled_ || Meddles(step);
+    ChangeMachine(step, When::Running);
+}
+
 void User::Do(const Step& step) {
     switch (step.kind % 8) {
         case 0:
@@ -224,7 +230,7 @@ void User::Do(const Step& step) {
             OnDesktop(step);
             break;
         case 3:
-            ChangeMachine({step.kind / 8, step.a, step.b, step.c}, When::Running);
+            Befall({step.kind / 8, step.a, step.b, step.c});
             break;
         case 4:
             InTray(step);

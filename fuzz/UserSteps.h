@@ -22,17 +22,21 @@ public:
     // From now on there is somebody to answer.
     void Attend();
     void Do(const Step& step);
+    // Something other than the program changed or failed its files or settings meanwhile.
+    bool Meddled() const { return meddled_; }
 
 private:
     void OnWindow(platform::Window& window, const Step& step);
     void OnDesktop(const Step& step);
     void InTray(const Step& step);
     void Press(const Step& step);
+    void Befall(const Step& step);
     void Answer(platform::Window& dialog);
     int Choose(const std::vector<platform::MenuItem>& items);
 
     app::Form1& form_;
     Bytes& bytes_;
+    bool meddled_ = false;
     int dialogs_ = 0;  // open, one over the other
 };
 
