@@ -19,5 +19,10 @@ kestrum_wine_test(win32_handles --i386 build/win32/tests/handles/handles.exe)
 add_test(NAME fuzz COMMAND ${root}/tools/fuzz-smoke.sh)
 set_tests_properties(fuzz PROPERTIES SKIP_RETURN_CODE 77 TIMEOUT 900)  # with test.sh --long
 
+# With test.sh --long only.
+add_test(NAME soak_week COMMAND sh -c
+  "test -n \"$KESTRUM_LONG\" || exit 77; exec \"$<TARGET_FILE:unit_app>\" --no-skip --test-case=\"A week*\"")
+set_tests_properties(soak_week PROPERTIES SKIP_RETURN_CODE 77 TIMEOUT 3600)
+
 add_test(NAME sources COMMAND ${root}/tools/check-sources.py)
 add_test(NAME sources_self_test COMMAND ${root}/tools/check-sources.py --self-test)
