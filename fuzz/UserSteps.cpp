@@ -103,6 +103,7 @@ void User::Press(const Step& step) {
                                        key::kDown,  key::kLeft,   key::kRight,    key::kHome,   key::kEnd,
                                        key::kApps,  key::kPageUp, key::kPageDown, key::kDelete, key::kF2,
                                        key::kF5,    key::kF1,     key::kBack,     'A',          'Y'};
+    constexpr std::uint16_t kHeld[] = {key::kCtrl, key::kShift, 'S', '1', '3', '5', key::kAlt};
     const std::uint16_t code = step.a < 200 ? Pick(kKeys, step.a) : static_cast<std::uint16_t>(step.b);
     switch (step.b % 8) {
         case 0:
@@ -112,10 +113,10 @@ void User::Press(const Step& step) {
             sim::keyUp(code, ModifiersOf(step));
             break;
         case 2:
-            sim::holdKey(step.Bit(0) ? key::kCtrl : static_cast<std::uint16_t>('0' + step.c / 2 % 10));
+            sim::holdKey(Pick(kHeld, step.c));
             break;
         case 3:
-            sim::releaseKey(step.Bit(0) ? key::kCtrl : static_cast<std::uint16_t>('0' + step.c / 2 % 10));
+            sim::releaseKey(Pick(kHeld, step.c));
             break;
         default:
             sim::pressKey(code, ModifiersOf(step));
