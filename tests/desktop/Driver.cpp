@@ -306,6 +306,11 @@ void PressKeyIn(HWND window, WORD key) {
     PostMessageA(window, WM_KEYUP, key, 0);
 }
 
+void ClickIn(HWND window, Point at) {
+    PostMessageA(window, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(at.x, at.y));
+    PostMessageA(window, WM_LBUTTONUP, 0, MAKELPARAM(at.x, at.y));
+}
+
 void TypeIn(HWND box, const std::string& text) {
     for (const char c : text) PostMessageA(box, WM_CHAR, static_cast<unsigned char>(c), 0);
 }

@@ -99,6 +99,8 @@ void PressKey(WORD key, bool withCtrl = false);
 void HoldKey(WORD key, bool down);
 // Gives a key to one window, whichever has the focus.
 void PressKeyIn(HWND window, WORD key);
+// Gives a click to one window, wherever the pointer is.
+void ClickIn(HWND window, Point at);
 // Writes into a text box.
 void TypeIn(HWND box, const std::string& text);
 std::string TextOf(HWND window);

@@ -46,7 +46,7 @@ bool SelectItem(HWND menu, int selected, int item) {
 
 }  // namespace
 
-bool ChooseInMenu(const std::function<void(int aside)>& open, int item, std::optional<int> inner) {
+bool SelectInMenu(const std::function<void(int aside)>& open, int item, std::optional<int> inner) {
     if (!Repeat(open, [] { return Menu() != nullptr; })) return false;
     const HWND menu = Menu();
     if (!SelectItem(menu, -1, item)) return false;
@@ -55,6 +55,11 @@ bool ChooseInMenu(const std::function<void(int aside)>& open, int item, std::opt
         if (!WaitFor([&] { return Menu() != menu && SelectedRow(Menu()) >= 0; })) return false;
         if (!SelectItem(Menu(), 0, *inner)) return false;  // it opens with its first item selected
     }
+    return true;
+}
+
+bool ChooseInMenu(const std::function<void(int aside)>& open, int item, std::optional<int> inner) {
+    if (!SelectInMenu(open, item, inner)) return false;
     PressKey(VK_RETURN);
     return WaitFor([] { return Menu() == nullptr; });
 }

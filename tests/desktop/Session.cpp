@@ -18,6 +18,14 @@ controls::ToolBarLayout ToolBar1Layout() {
     return layout;
 }
 
+// ToolBar2: seven small ones in a row.
+controls::ToolBarLayout ToolBar2Layout() {
+    controls::ToolBarLayout layout;
+    layout.size24 = false;
+    layout.separators.assign(7, false);
+    return layout;
+}
+
 }  // namespace
 
 Installation::Installation() {
@@ -164,11 +172,18 @@ void Session::ClickToolBar1(int button) const {
 }
 
 void Session::ClickToolBar2(int button, int aside) const {
-    controls::ToolBarLayout layout;
-    layout.size24 = false;
-    layout.separators.assign(7, false);
-    const Rect rect = layout.Button(button);
+    const Rect rect = ToolBar2Layout().Button(button);
     Click(toolBar2_, {rect.left + 6 + aside, rect.top + 8});
+}
+
+void Session::PressToolBar1(int button) const {
+    const Rect rect = ToolBar1Layout().Button(button);
+    ClickIn(toolBar1_, {rect.left + 8, rect.top + 8});
+}
+
+void Session::PressToolBar2(int button) const {
+    const Rect rect = ToolBar2Layout().Button(button);
+    ClickIn(toolBar2_, {rect.left + 6, rect.top + 8});
 }
 
 bool Session::End() {

@@ -83,6 +83,9 @@ public:
     void ClickToolBar1(int button) const;
     void ClickToolBar2(int button,
                        int aside) const;  // `aside`: pixels beside the first click, against double clicks
+    // The same without the pointer.
+    void PressToolBar1(int button) const;
+    void PressToolBar2(int button) const;
     bool Running() const { return process_->Running(); }
     const Process& Program() const { return *process_; }
     bool End();  // ends the program as log-off does; false when it doesn't end

@@ -116,8 +116,9 @@ public:
         const Swarm::Figures& sums = swarm_.Sums();
         std::printf(
             "\n%d processes started (%d could not be), %d ended, %d of them favourites: %d never set; "
-            "%d strangers touched\n",
-            sums.started, sums.failedStarts, sums.ended, sums.favorites, sums.neverSet, sums.strangersTouched);
+            "%d strangers touched; %zu late\n",
+            sums.started, sums.failedStarts, sums.ended, sums.favorites, sums.neverSet, sums.strangersTouched,
+            sums.late.size());
         std::printf("first seen set after %d ms (median), %d (95 %%), %d (99 %%), %d (the last)\n",
                     Percentile(sums.set, 50), Percentile(sums.set, 95), Percentile(sums.set, 99),
                     Percentile(sums.set, 100));
@@ -126,7 +127,6 @@ public:
                     Percentile(sums.unset, 100));
         std::printf("the program was at work for %d ms at most; %d ms passed between two looks at most\n",
                     sums.longestAnswer, sums.longestGap);
-        for (const std::string& late : sums.late) std::printf("late: %s\n", late.c_str());
         const bool window = AllFlat("window", window_), tray = AllFlat("tray", tray_);
         return window && tray && enforced_ && sums.favorites > 0 && sums.failedStarts == 0 && sums.neverSet == 0 &&
                sums.strangersTouched == 0 && sums.late.empty();

@@ -1,6 +1,7 @@
 #include "endurance/Swarm.h"
 
 #include <algorithm>
+#include <cstdio>
 
 namespace endurance {
 
@@ -9,8 +10,9 @@ namespace {
 constexpr int kPeriod = 175;                        // milliseconds from one start to the next
 constexpr int kLeastLife = 2000, kMostLife = 2800;  // of a guest, milliseconds
 // Two ticks: each comes half a second after the end of the one before, as the system's timers go. What the program
-// works meanwhile is added: it is measured.
+// works meanwhile is added, and what the machine stood still: both are measured.
 constexpr int kTwoTicks = 2 * 500, kTimerSlack = 2 * 16;
+constexpr int kUsualGap = 100;  // between two rounds of ours, with the start of a process in between
 
 bool IsSet(const desktop::Process& process, const Kind& kind) {
     return process.Affinity() == kind.affinity && process.PriorityClass() == kind.priorityClass;
@@ -43,18 +45,21 @@ void Swarm::Look() {
     SendMessageTimeoutA(window_, WM_NULL, 0, 0, SMTO_NORMAL, desktop::kBound, &ignored);
     const int answer = static_cast<int>(GetTickCount() - now);
     figures_.longestAnswer = std::max(figures_.longestAnswer, answer);
-    for (Guest& guest : guests_) LookAt(guest, answer);
+    // It answers late when it works; we look late when the machine is not to be had, by it no more than by us.
+    const int lost = std::max(answer, gap > kUsualGap ? gap : 0);
+    for (Guest& guest : guests_) LookAt(guest, lost);
 }
 
-void Swarm::LookAt(Guest& guest, int answer) {
+void Swarm::LookAt(Guest& guest, int lost) {
     if (!guest.kind->favorite || guest.firstSet >= 0) return;
     // Asked after looking, so that what counts as unset is not younger than it says.
     const int before = static_cast<int>(GetTickCount() - guest.start);
     if (IsSet(*guest.process, *guest.kind)) {
         guest.firstSet = static_cast<int>(GetTickCount() - guest.start);
+        setMoments_.push_back(GetTickCount());
     } else {
         guest.lastUnset = before;
-        guest.worked += answer;
+        guest.lost += lost;
     }
 }
 
@@ -83,10 +88,18 @@ void Swarm::End(const Guest& guest) {
     if (guest.firstSet < 0) ++figures_.neverSet;
     figures_.unset.push_back(guest.lastUnset);
     if (guest.firstSet >= 0) figures_.set.push_back(guest.firstSet);
-    if (guest.lastUnset <= kTwoTicks + guest.worked + kTimerSlack) return;
-    figures_.late.push_back("number " + std::to_string(figures_.ended) + ": seen unset after " +
-                            std::to_string(guest.lastUnset) + " ms, in which the program worked for " +
-                            std::to_string(guest.worked) + "; set after " + std::to_string(guest.firstSet));
+    if (guest.lastUnset <= kTwoTicks + guest.lost + kTimerSlack) return;
+    // A tick sets all that are there: it shows in the others.
+    std::string ticks;
+    for (const DWORD moment : setMoments_) {
+        const int after = static_cast<int>(moment - guest.start);
+        if (after >= 0 && after <= guest.lastUnset) ticks += ' ' + std::to_string(after);
+    }
+    figures_.late.push_back(
+        "number " + std::to_string(figures_.ended) + ": seen unset after " + std::to_string(guest.lastUnset) +
+        " ms, of which the program worked or the machine stood still for " + std::to_string(guest.lost) +
+        " and set others after" + ticks + "; set after " + std::to_string(guest.firstSet));
+    std::printf("late: %s\n", figures_.late.back().c_str());
 }
 
 int Swarm::Disturb(int bound) {

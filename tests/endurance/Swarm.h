@@ -54,10 +54,10 @@ private:
         const Kind* kind = nullptr;
         DWORD start = 0, lifetime = 0;  // milliseconds
         int lastUnset = 0, firstSet = -1;
-        int worked = 0;  // milliseconds that the program was at work while it was unset
+        int lost = 0;  // milliseconds that the program worked or the machine stood still while it was unset
     };
     void Start();
-    void LookAt(Guest& guest, int answer);
+    void LookAt(Guest& guest, int lost);
     void End(const Guest& guest);
     int Random(int least, int most) { return std::uniform_int_distribution(least, most)(random_); }
 
@@ -67,6 +67,7 @@ private:
     std::vector<Guest> guests_;
     Figures figures_;
     DWORD nextStart_ = 0, lastRound_ = 0;
+    std::vector<DWORD> setMoments_;  // when any of them was first seen set
 };
 
 }  // namespace endurance
