@@ -57,6 +57,7 @@ Form1::StartResult Form1::Start() {
     WireEvents();
 
     favorites::CreateFolders(baseFolder_);
+    favorites::CleanUpProfiles(baseFolder_);
     filterCommands_.Load();
     favorites_.SetFavName(favorites::ProfileNameFromIndex(settings_.Number(Key::FavName)));
     trayIcon_.Add_Tray();

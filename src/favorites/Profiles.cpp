@@ -61,6 +61,12 @@ std::string NameFromCaption(std::string caption) {
     return caption;
 }
 
+void CleanUpProfiles(const std::string& baseFolder) {
+    for (int number = 1; number <= kProfileCount; ++number) {
+        storage::CleanUpAfter(ProfilePath(baseFolder, ProfileName(number)));
+    }
+}
+
 bool NamesInProfiles(const std::string& baseFolder, std::set<std::string, std::less<>>& names) {
     for (int number = 1; number <= kProfileCount; ++number) {
         if (!CollectNames(ProfilePath(baseFolder, ProfileName(number)), names)) return false;

@@ -13,6 +13,7 @@ FileFilter::FileFilter(std::string baseFolder)
     : path_(baseFolder + "FileFilter"), icons_(storage::FilterFolder(baseFolder), controls::kDefaultIcon) {}
 
 bool FileFilter::Load() {
+    storage::CleanUpAfter(path_);
     names_.Clear();
     unsaved_ = false;
     std::string content;

@@ -29,7 +29,8 @@ public:
     // `baseFolder` ends in "\". Empty until loaded.
     explicit FileFilter(std::string baseFolder);
 
-    // Reads the filter file. False when the filter is empty then: there is no file, it holds no names, or it
+    // Reads the filter file, at the start of the program: what an end in the middle of a save has left beside it
+    // is deleted. False when the filter is empty then: there is no file, it holds no names, or it
     // cannot be read.
     bool Load();
     bool Empty() const { return Count() == 0; }

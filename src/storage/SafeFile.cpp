@@ -4,6 +4,15 @@
 
 namespace storage {
 
+namespace {
+
+// A sibling, so that the move stays on one volume and is a single step.
+std::string TemporaryOf(const std::string& path) {
+    return path + ".new";
+}
+
+}  // namespace
+
 ReadResult ReadWhole(const std::string& path, std::string& content) {
     std::optional<std::string> whole = platform::readFile(path);
     content.clear();
@@ -13,12 +22,15 @@ ReadResult ReadWhole(const std::string& path, std::string& content) {
 }
 
 bool WriteWhole(const std::string& path, std::string_view content) {
-    // A sibling, so that the move stays on one volume and is a single step. One left behind by an earlier end
-    // of the program is simply written over.
-    const std::string temporary = path + ".new";
+    // One left behind by an earlier end of the program is simply written over.
+    const std::string temporary = TemporaryOf(path);
     if (platform::writeFile(temporary, content) && platform::moveFileOver(temporary, path)) return true;
     platform::deleteFile(temporary);
     return false;
+}
+
+void CleanUpAfter(const std::string& path) {
+    platform::deleteFile(TemporaryOf(path));
 }
 
 std::vector<std::string_view> SplitLines(std::string_view content) {

@@ -20,6 +20,10 @@ ReadResult ReadWhole(const std::string& path, std::string& content);
 // the file. On failure, or when the program ends at any point, the file is what it was. False on failure.
 bool WriteWhole(const std::string& path, std::string_view content);
 
+// Deletes the temporary sibling of a file that an end of the program in the middle of WriteWhole has left behind.
+// For the start of the one program that writes the file.
+void CleanUpAfter(const std::string& path);
+
 // The lines of `content`, which may end in CR LF or a lone LF; the last one may lack its end. What follows the
 // last line end is a line only if it holds anything. The views live as long as `content`.
 std::vector<std::string_view> SplitLines(std::string_view content);

@@ -73,6 +73,22 @@ TEST_CASE("Damaged settings do not stop the start") {
     Machine::Tick(3);
 }
 
+TEST_CASE("What a kill in the middle of a save has left beside a file goes at the next start; the file stays") {
+    Machine machine;
+    const std::vector<std::string> files = {"C:\\Kestrum\\FileFilter", "C:\\Kestrum\\My Favs 3", kProfile1};
+    for (const std::string& file : files) {
+        sim::putFile(file, "a content nobody knows.exe\r\n");
+        sim::putFile(file + ".new", "a content nob");
+    }
+    sim::putFile("C:\\Kestrum\\My Favs 5.new", "");
+    machine.Start();
+    for (const std::string& file : sim::allFiles()) {
+        CAPTURE(file);
+        CHECK_FALSE(file.ends_with(".new"));
+    }
+    for (const std::string& file : files) CHECK(sim::file(file) == "a content nobody knows.exe\r\n");
+}
+
 TEST_CASE("Log-off saves what closing saves") {
     Machine machine;
     machine.Start();
