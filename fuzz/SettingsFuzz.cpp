@@ -4,6 +4,7 @@
 #include "Fuzz.h"
 #include "platform/CodePage.h"
 #include "platform/sim/Sim.h"
+#include "settings/Colours.h"
 #include "settings/Settings.h"
 #include "settings/WindowPosition.h"
 #include "text/Case.h"

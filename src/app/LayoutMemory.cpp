@@ -1,5 +1,6 @@
 #include "app/LayoutMemory.h"
 
+#include "app/ProcessColumns.h"
 #include "text/Numbers.h"
 
 namespace app {
@@ -18,7 +19,7 @@ void LayoutMemory::CompleteMaximized() {
 }
 
 void LayoutMemory::Reset() {
-    normal_ = maximized_ = {"134,82,60,40,60,70,", "134,82,70,50,50,", 474};
+    normal_ = maximized_ = {kProcessWidths, "134,82,70,50,50,", 474};
 }
 
 void LayoutMemory::Save(settings::Settings& settings) const {

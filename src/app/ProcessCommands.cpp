@@ -7,6 +7,7 @@
 #include <set>
 
 #include "app/MainToolBars.h"
+#include "app/ProcessColumns.h"
 #include "controls/PictureMenu.h"
 #include "controls/Resources.h"
 #include "platform/CodePage.h"
@@ -17,8 +18,6 @@
 namespace app {
 
 namespace {
-
-constexpr int kFileColumn = 0, kAffinityColumn = 1, kPriorityColumn = 2;
 
 // Button of ToolBar2 -> command.
 constexpr std::array<int, 7> kToolBar2Commands = {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
+#include "app/ProcessColumns.h"
 #include "controls/Resources.h"
 #include "process/Affinity.h"
 #include "process/PriorityClass.h"
@@ -13,8 +14,6 @@ namespace app {
 
 namespace {
 
-constexpr int kPidColumn = 3;
-constexpr int kIconColumn = 6;
 constexpr int kIconSize = 16;  // pixels
 
 // The list stays as it is on the screen while it is refilled: locked, and scrolled back to where it stood.

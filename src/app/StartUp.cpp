@@ -1,5 +1,6 @@
 // The main window's way up, in its fixed order.
 #include "app/Form1.h"
+#include "app/ProcessColumns.h"
 #include "app/Tips.h"
 #include "controls/Resources.h"
 #include "favorites/Profiles.h"
@@ -18,11 +19,6 @@ namespace {
 constexpr int kTwipsPerPixel = 15;
 constexpr platform::Size kFirstSize{13245 / kTwipsPerPixel, 6675 / kTwipsPerPixel};
 
-constexpr const char* kProcessHeader =
-    "File,0,True,0,2,False,0,134|Affinity,2,False,0,2,False,0,82|Priority,2,False,0,2,False,0,60|"
-    "PID,2,False,0,2,False,0,40|CPU %,2,False,0,2,False,0,60|Mem(KB),1,False,0,2,False,0,70|"
-    ",2,False,0,2,False,16777215,0";
-constexpr int kProcessColumns = 7;
 constexpr int kRightButton = 2, kMiddleButton = 4;  // codes of clicks in a list
 
 // The last column is the filler, which is never shown.
@@ -239,7 +235,7 @@ void Form1::WireTips() {
 process::TipText Form1::TipOfProcess(int row) {
     if (!options_.showFileTips) return {};
     const platform::ProcessId id = refresh_.ProcessOfRow(row);
-    return process::RowTip(processList_.CellText(row, 0), id, access_.ImagePath(id));
+    return process::RowTip(processList_.CellText(row, kFileColumn), id, access_.ImagePath(id));
 }
 
 process::TipText Form1::TipOfFavorite(int row) {

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "settings/Colours.h"
+
 namespace graphs {
 
 namespace {

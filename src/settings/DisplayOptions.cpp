@@ -1,5 +1,7 @@
 #include "settings/DisplayOptions.h"
 
+#include "settings/Colours.h"
+
 namespace settings {
 
 DisplayOptions LoadDisplayOptions(const Settings& settings) {

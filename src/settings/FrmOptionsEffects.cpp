@@ -10,29 +10,8 @@ namespace settings {
 
 namespace {
 
-constexpr const char* kTrayTypes[] = {"Disabled", "Graph", "Number Lrg", "Number Sml"};
-constexpr int kStep = 10;  // seconds from one entry of the intervals to the next
-
-std::string Seconds(int steps) {
-    return text::Decimal(steps * kStep) + " seconds";
-}
-
-std::string ItemText(OptionItems items, int index, const OptionsHost& host) {
-    switch (items) {
-        case OptionItems::None:
-            break;
-        case OptionItems::Colours:
-            return ColourName(index);
-        case OptionItems::TrayTypes:
-            return kTrayTypes[index];
-        case OptionItems::Profiles:
-            return host.ProfileCaption(index + 1);
-        case OptionItems::Intervals:
-            return Seconds(index + 1);
-        case OptionItems::JrIntervals:
-            return index == 0 ? "Disabled" : Seconds(index);
-    }
-    return {};
+std::string EntryText(OptionItems items, int index, const OptionsHost& host) {
+    return items == OptionItems::Profiles ? host.ProfileCaption(index + 1) : ItemText(items, index);
 }
 
 }  // namespace
@@ -54,7 +33,7 @@ void FrmOptions::Fill(const OptionInfo& info) {
     if (info.kind != OptionKind::List) return;
     List& list = ListAt(info.option);
     list.Clear();
-    for (int i = 0; i < ItemCount(info.items); ++i) list.AddItem(ItemText(info.items, i, parts_.host));
+    for (int i = 0; i < ItemCount(info.items); ++i) list.AddItem(EntryText(info.items, i, parts_.host));
 }
 
 void FrmOptions::Read(const OptionInfo& info) {
@@ -223,7 +202,7 @@ void FrmOptions::StartJrChanged() {
         CheckAt(Option::ChkStart).SetValue(false);
         SetStartEntry(OwnStartEntry(), parts_.folder, false, {});
     }
-    const std::string task = parts_.host.JrTask(profile + 1, interval * kStep);
+    const std::string task = parts_.host.JrTask(profile + 1, interval * kIntervalStep);
     SetStartEntry(kJrStartEntry, parts_.folder, start, " " + task);
     parts_.settings.WriteNumber(Key::FavNameJr, profile);
     parts_.settings.WriteNumber(Key::JrEnforceInterval, interval);

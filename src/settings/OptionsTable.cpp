@@ -1,6 +1,5 @@
 #include "settings/OptionsTable.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <iterator>
 
@@ -119,31 +118,6 @@ const char* CaptionOf(OptionPage page) {
             break;
     }
     return "";
-}
-
-int ItemCount(OptionItems items) {
-    switch (items) {
-        case OptionItems::None:
-            break;
-        case OptionItems::Colours:
-            return 8;
-        case OptionItems::TrayTypes:
-            return 4;
-        case OptionItems::Profiles:
-            return 5;
-        case OptionItems::Intervals:
-            return 30;
-        case OptionItems::JrIntervals:
-            return 31;
-    }
-    return 0;
-}
-
-int ItemForStored(OptionItems items, int stored) {
-    const int nearest = std::clamp(stored, 0, std::max(0, ItemCount(items) - 1));
-    // A colour that is none is drawn black, a tray icon of no known type is disabled: both are the first entry.
-    const bool firstWhenDamaged = items == OptionItems::Colours || items == OptionItems::TrayTypes;
-    return firstWhenDamaged && nearest != stored ? 0 : nearest;
 }
 
 }  // namespace settings

@@ -3,6 +3,7 @@
 
 #include <span>
 
+#include "settings/OptionItems.h"
 #include "settings/SettingKeys.h"
 
 namespace settings {
@@ -11,8 +12,6 @@ enum class OptionPage { Misc, CpuGraphs, StartUp, Below };  // Below: under the 
 inline constexpr int kOptionPages = 3;
 
 enum class OptionKind { Check, List, Slider, Button };
-
-enum class OptionItems { None, Colours, TrayTypes, Profiles, Intervals, JrIntervals };
 
 // Called as the controls are. In the order of the Tab key, page by page.
 enum class Option {
@@ -65,10 +64,5 @@ struct OptionInfo {
 std::span<const OptionInfo> OptionTable();
 const OptionInfo& InfoOf(Option option);
 const char* CaptionOf(OptionPage page);
-
-// Number of entries of a list.
-int ItemCount(OptionItems items);
-// The entry that stands for a stored index: of one outside the list what the program makes of it, too.
-int ItemForStored(OptionItems items, int stored);
 
 }  // namespace settings

@@ -7,21 +7,6 @@ namespace settings {
 
 namespace {
 
-struct NamedColour {
-    const char* name;
-    platform::Color value;
-};
-
-// Purple and White are one step short of full intensity.
-constexpr NamedColour kColours[] = {
-    {"Black", platform::rgb(0, 0, 0)},       {"Blue", platform::rgb(0, 0, 255)},
-    {"Cyan", platform::rgb(0, 255, 255)},    {"Green", platform::rgb(0, 255, 0)},
-    {"Purple", platform::rgb(254, 0, 254)},  {"Red", platform::rgb(255, 0, 0)},
-    {"White", platform::rgb(254, 254, 254)}, {"Yellow", platform::rgb(255, 255, 0)},
-};
-constexpr int kColourCount = 8;
-static_assert(sizeof kColours / sizeof kColours[0] == kColourCount);
-
 constexpr char kGraphTop[] = "GraphTop";
 constexpr char kGraphLeft[] = "GraphLeft";
 
@@ -102,14 +87,6 @@ std::optional<std::int16_t> Settings::GraphValue(const char* key, int slot) cons
     const auto text = platform::storeRead(kSection, key + text::Decimal(slot));
     if (!text) return std::nullopt;
     return text::LeadingNumber(*text);
-}
-
-platform::Color ColourFromIndex(int index) {
-    return index >= 0 && index < kColourCount ? kColours[index].value : 0;
-}
-
-const char* ColourName(int index) {
-    return index >= 0 && index < kColourCount ? kColours[index].name : nullptr;
 }
 
 }  // namespace settings

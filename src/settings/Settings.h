@@ -6,7 +6,6 @@
 #include <optional>
 #include <string>
 
-#include "platform/Canvas.h"
 #include "settings/SettingKeys.h"
 
 namespace settings {
@@ -48,10 +47,5 @@ public:
 private:
     std::optional<std::int16_t> GraphValue(const char* key, int slot) const;
 };
-
-// The colour behind a stored colour index 0..7; black for any other index.
-platform::Color ColourFromIndex(int index);
-// The name under which lists show the colour; nullptr outside 0..7.
-const char* ColourName(int index);
 
 }  // namespace settings

@@ -4,7 +4,7 @@
 #include <numeric>
 
 #include "GraphsFixture.h"
-#include "settings/Settings.h"
+#include "settings/Colours.h"
 
 using namespace graphtest;
 

@@ -5,6 +5,7 @@
 #include <map>
 
 #include "platform/sim/Sim.h"
+#include "settings/Colours.h"
 
 namespace sim = platform::sim;
 using settings::Key;
