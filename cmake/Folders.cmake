@@ -21,9 +21,7 @@ endfunction()
 # Tests compile twice as fast without optimisation, and their time is spent in what they test. The first of them
 # compiles the common headers anew, as those belong to one kind of optimisation.
 function(kestrum_quick_to_compile target)
-  if(KESTRUM_SANITIZE)
-    target_compile_options(${target} PRIVATE -O0)
-  endif()
+  target_compile_options(${target} PRIVATE -O0)
   target_include_directories(${target} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
   if(target STREQUAL "contract")
     target_precompile_headers(${target} PRIVATE ${KESTRUM_COMMON_HEADERS} <doctest/doctest.h>)

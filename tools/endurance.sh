@@ -3,13 +3,10 @@
 #   tools/endurance.sh soak [MINUTES]             thousands of processes start and end; 20 minutes when not given
 #   tools/endurance.sh kill [TIMES [SEED [STEP]]] killed at random moments of random edits; 200 times when not given.
 #                                                 A seed and a step repeat that of an earlier run, once by itself
-# ENDURANCE_BUILD: the folder of the 64-bit build, build/win64 when not given. PRODUCT: that of the programs.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 what=${1:-}
-build=${ENDURANCE_BUILD:-build/win64}
-product=$(realpath "${PRODUCT:-dist/win64}")
 case $what in
     soak)
         minutes=${2:-20}
@@ -22,8 +19,10 @@ case $what in
         bound=$((times * 60 + 300))
         ;;
     *)
-        sed -n '2,6s/^# //p' "$0"
+        sed -n '2,5s/^# //p' "$0"
         exit 2
         ;;
 esac
-BED_TIMEOUT=$bound exec tools/under-wine.sh "$build/tests/endurance/endurance.exe" "Z:$product" "$what" "${arguments[@]}"
+cmake --preset win64 >/dev/null
+cmake --build --preset win64 --target Kestrum2 endurance -j 2 | tail -n 1
+BED_TIMEOUT=$bound exec tools/under-wine.sh build/win64/tests/endurance/endurance.exe "Z:$PWD/dist/win64" "$what" "${arguments[@]}"
