@@ -97,7 +97,7 @@ def start_program(what):
         name = 'Kestrum_Jr.exe'
         Path(PREFIX, 'drive_c/Kestrum2/My Favs 1').write_bytes(
             b'[Kestrum 2 - Morvell Software 2010]\r\nNowhere.exe\t0\tHigh\tC:\\Nowhere.exe\t\r\n')
-        start(FOLDER + name, '/My Favs 1')
+        start(FOLDER + name, '/My', 'Favs', '1')
     else:
         name = 'Kestrum2.exe'
         call('reg', 'add', SETTINGS, '/v', 'MiniMe', '/d', '1' if what == 'tray' else '0', '/f')
