@@ -19,7 +19,7 @@ void Form1::Exit() {
 }
 
 void Form1::StopTimers() {
-    for (const Slot slot : {Slot::Process, Slot::Tray, Slot::Memory, Slot::FavoritesPanel}) slots_.Stop(slot);
+    slots_.StopAll();
     platform::pumpMessages();
 }
 
@@ -92,9 +92,7 @@ void Form1::Unload() {
     if (!started_) return;
     Save();
     started_ = false;
-    for (const Slot slot : {Slot::Process, Slot::Tray, Slot::Memory, Slot::FavoritesPanel, Slot::TotalGraph}) {
-        slots_.Stop(slot);
-    }
+    slots_.StopAll();
     refresh_.ReleaseMeters();
     trayIcon_.Remove();
     refresh_.ReleaseIcons();

@@ -15,6 +15,10 @@ void TimerSlots::Stop(Slot slot) {
     At(slot).timer.reset();
 }
 
+void TimerSlots::StopAll() {
+    for (Entry& entry : entries_) entry.timer.reset();
+}
+
 bool TimerSlots::Running(Slot slot) const {
     return static_cast<bool>(entries_[static_cast<std::size_t>(slot)].timer);
 }

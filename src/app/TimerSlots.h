@@ -22,6 +22,7 @@ public:
     void Start(Slot slot, std::uint32_t milliseconds);
     // Stopping an idle slot does nothing.
     void Stop(Slot slot);
+    void StopAll();
     bool Running(Slot slot) const;
 
 private:

@@ -70,9 +70,7 @@ void TrayCommands::MnuTraySel(int id) {
             parts_.graphs.ShowAll();
             break;
         case tray::command::kExit:
-            for (const Slot slot : {Slot::Tray, Slot::Process, Slot::Memory, Slot::FavoritesPanel}) {
-                parts_.slots.Stop(slot);
-            }
+            parts_.slots.StopAll();
             Exit();
             break;
         default:

@@ -15,8 +15,8 @@ using platform::systemColor;
 
 namespace {
 
-// The artwork: for each look a left cap, a middle to repeat, and a right cap, all looks side by side. Only caps have
-// transparent corners.
+// The artwork: for each look a left cap, a middle to repeat, and a right cap, all looks side by side. Only caps
+// have transparent corners.
 constexpr Size kSlice{5, 21};
 constexpr int kSlices = 3;
 constexpr Color kTransparent = rgb(255, 0, 255);
