@@ -17,7 +17,7 @@ run() {
         cp "$seeds"/* "$corpus"
     fi
     # The memory of freed objects is kept back for a while only: the kernel would spend its time on clearing more.
-    if ! ASAN_OPTIONS=quarantine_size_mb=32 "build/fuzz/fuzz/$target" -max_total_time="${FUZZ_SECONDS:-5}" -timeout=20 \
+    if ! ASAN_OPTIONS=quarantine_size_mb=32 "build/fuzz/fuzz/$target" -max_total_time="${FUZZ_SECONDS:-5}" -timeout=60 \
         -rss_limit_mb=2048 -artifact_prefix="build/fuzz/$target-" "$corpus" >"$log" 2>&1; then
         cat "$log"
         return 1

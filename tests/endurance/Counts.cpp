@@ -13,9 +13,8 @@ namespace {
 
 constexpr std::size_t kGdiEntries = 0x10000;
 constexpr std::size_t kGdiEntryBytes = 24;
-constexpr std::size_t kGdiOwner =
-    8;  // its process, but for the lowest bit; 0 where each process has a table of its own
-constexpr std::size_t kGdiType = 14;               // 0 in the lower bits while the entry is free
+constexpr std::size_t kGdiOwner = 8;  // its process, but for the lowest bit; 0 where each process has its own table
+constexpr std::size_t kGdiType = 14;  // 0 in the lower bits while the entry is free
 constexpr std::uintptr_t kGdiTableInBlock = 0xF8;  // of the process environment block, 64 bits
 
 class OpenedProcess {
