@@ -1,5 +1,5 @@
+// Favourites are set: by Auto Set, by Enforce, by their button and by their hotkey.
 #include "AppFixture.h"
-#include "app/MainToolBars.h"
 
 using namespace apptest;
 
@@ -16,103 +16,93 @@ struct GameMachine : Machine {
 
 }  // namespace
 
-TEST_CASE("Auto Set gives a favourite its affinity and priority on the tick after its start") {
-    GameMachine machine;
-    sim::putSetting(kSection, "AutoSet", "1");
-    const auto before = Machine::Run(kGame);
-    machine.Start();
-    CHECK(sim::findProcess(before)->priorityClass == 0x80);
-    CHECK(sim::findProcess(before)->affinityMask == 3);
-    CHECK(machine.Cell(before, 1) == "01");
+TEST_CASE_FIXTURE(GameMachine, "Auto Set gives a favourite its affinity and priority on the tick after its start") {
+    Store("AutoSet", "1");
+    const ProcessId before = Run(kGame);
+    Start();
+    CHECK(ClassOf(before) == kHigh);
+    CHECK(MaskOf(before) == 3);
+    CHECK(Cell(before, 1) == "01");
 
-    Machine::Tick(6);
-    const auto late = Machine::Run(kGame);
-    Machine::Tick();
-    CHECK(sim::findProcess(late)->priorityClass == 0x80);
-    CHECK(machine.Cell(late, 2) == "High");
+    Tick(6);
+    const ProcessId late = Run(kGame);
+    Tick();
+    CHECK(ClassOf(late) == kHigh);
+    CHECK(Cell(late, 2) == "High");
 
     // A program that resets its own class in its first moments is set again.
-    sim::findProcess(late)->priorityClass = 0x20;
-    Machine::Tick();
-    CHECK(sim::findProcess(late)->priorityClass == 0x80);
+    ClassOf(late) = kNormal;
+    Tick();
+    CHECK(ClassOf(late) == kHigh);
 
     // Later it is left alone: that is what Enforce is for.
-    Machine::Tick(3);
-    sim::findProcess(late)->priorityClass = 0x20;
-    Machine::Tick(30);
-    CHECK(sim::findProcess(late)->priorityClass == 0x20);
+    Tick(3);
+    ClassOf(late) = kNormal;
+    Tick(30);
+    CHECK(ClassOf(late) == kNormal);
+
+    // A program that becomes a favourite while it runs doesn't wait for another start.
+    const ProcessId tool = Run("C:\\Apps\\tool.exe");
+    Tick(6);
+    form->CpuAffinity().Show("1");
+    sim::dropFiles(Favorites(), {"C:\\Apps\\tool.exe"});
+    Tick();
+    CHECK(MaskOf(tool) == 2);
 }
 
-TEST_CASE("Enforce applies the favourites again, measured from the last application") {
-    GameMachine machine;
-    sim::putSetting(kSection, "AutoSet", "1");
-    sim::putSetting(kSection, "ReEnforce", "1");
-    sim::putSetting(kSection, "EnforceInterval", "0");
-    const auto game = Machine::Run(kGame);
-    machine.Start();
+TEST_CASE_FIXTURE(GameMachine, "Enforce applies the favourites again, measured from the last application") {
+    Store("AutoSet", "1");
+    Store("ReEnforce", "1");
+    Store("EnforceInterval", "0");
+    const ProcessId game = Run(kGame);
+    Start();
     const auto ticksUntilSet = [&] {
-        sim::findProcess(game)->priorityClass = 0x20;
+        ClassOf(game) = kNormal;
         int ticks = 0;
-        while (sim::findProcess(game)->priorityClass == 0x20 && ticks < 100) {
-            Machine::Tick();
-            ++ticks;
-        }
+        while (ClassOf(game) == kNormal && ++ticks < 100) Tick();
         return ticks;
     };
-    Machine::Tick(2);              // the settling of the start ends; its last tick counts already
+    Tick(2);                       // the settling of the start ends; its last tick counts already
     CHECK(ticksUntilSet() == 19);  // 10 seconds
     CHECK(ticksUntilSet() == 20);
 }
 
-TEST_CASE("A favourite added while its program runs is set without waiting for another start") {
-    Machine machine;
-    sim::putSetting(kSection, "AutoSet", "1");
-    sim::putFile(kGame, "");
-    const auto game = Machine::Run(kGame);
-    app::Form1& form = machine.Start();
-    Machine::Tick(6);
-    form.CpuAffinity().Show("1");
-    sim::dropFiles(form.FavoritesListControl(), {kGame});
-    Machine::Tick();
-    CHECK(sim::findProcess(game)->affinityMask == 2);
-}
-
-TEST_CASE("The Auto Set and Enforce buttons depend on each other") {
-    GameMachine machine;
-    sim::putSetting(kSection, "ReEnforce", "1");
-    app::Form1& form = machine.Start();
-    controls::ToolBar& bar = form.ToolBar1();
+TEST_CASE_FIXTURE(GameMachine, "Favourites are set by hotkey, by button, and when Auto Set is switched on") {
+    Store("Hotkey", "1");
+    Store("ReEnforce", "1");
+    controls::ToolBar& bar = Start().ToolBar1();
     CHECK(bar.IsEnabled(app::button::kSetFavoritesNow));
     CHECK_FALSE(bar.IsEnabled(app::button::kEnforce));
     CHECK_FALSE(bar.IsChecked(app::button::kEnforce));
 
-    const auto game = Machine::Run(kGame);
-    Machine::Tick();
-    CHECK(sim::findProcess(game)->priorityClass == 0x20);
-    machine.ClickButton(app::button::kAutoSet);
-    CHECK(sim::findProcess(game)->priorityClass == 0x80);
+    Tick(4);
+    const ProcessId game = Run(kGame);
+    HoldKeys({key::kCtrl, key::kShift, 'S'});
+    sim::run(60);  // the next look at the processes is farther away
+    CHECK(ClassOf(game) == kHigh);
+    CHECK(MaskOf(game) == 3);
+    ReleaseKeys({'S'});
+
+    ClassOf(game) = kNormal;
+    MaskOf(game) = 1;
+    sim::findProcess(game)->deniedRights = 0x200;
+    ClickButton(app::button::kSetFavoritesNow);
+    REQUIRE(sim::balloons().size() == 1);
+    const sim::Balloon balloon = sim::balloons()[0];
+    CHECK(balloon.title == "Kestrum 2");
+    CHECK(balloon.text == "Unable to make changes to some favorites.\r\nAffiniy Errors: 1\r\nPriority Errors :1");
+    CHECK(balloon.icon == platform::BalloonIcon::Warning);
+
+    sim::findProcess(game)->deniedRights = 0;
+    ClickButton(app::button::kAutoSet);
+    CHECK(ClassOf(game) == kHigh);
     CHECK_FALSE(bar.IsEnabled(app::button::kSetFavoritesNow));
     CHECK(bar.IsEnabled(app::button::kEnforce));
     CHECK(bar.IsChecked(app::button::kEnforce));
-
-    machine.ClickButton(app::button::kEnforce);
-    CHECK(sim::setting(kSection, "ReEnforce") == "0");
-    machine.ClickButton(app::button::kAutoSet);
+    ClickButton(app::button::kEnforce);
+    CHECK(Stored("ReEnforce") == "0");
+    ClickButton(app::button::kAutoSet);
     CHECK(bar.IsEnabled(app::button::kSetFavoritesNow));
     CHECK_FALSE(bar.IsEnabled(app::button::kEnforce));
-    CHECK_FALSE(sim::setting(kSection, "AutoSet"));
-}
-
-TEST_CASE("Processes that refuse are told about once a run") {
-    GameMachine machine;
-    machine.Start();
-    const auto game = Machine::Run(kGame);
-    sim::findProcess(game)->deniedRights = 0x200;
-    Machine::Tick(5);
-    machine.ClickButton(app::button::kSetFavoritesNow);
-    REQUIRE(sim::balloons().size() == 1);
-    CHECK(sim::balloons()[0].title == "Kestrum 2");
-    CHECK(sim::balloons()[0].text ==
-          "Unable to make changes to some favorites.\r\nAffiniy Errors: 1\r\nPriority Errors :1");
-    CHECK(sim::balloons()[0].icon == platform::BalloonIcon::Warning);
+    CHECK_FALSE(Stored("AutoSet"));
 }

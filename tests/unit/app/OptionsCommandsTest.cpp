@@ -1,16 +1,9 @@
 // The options dialog on the running program: what its changes do there at once.
-#include <algorithm>
-#include <string>
-#include <vector>
-
 #include "AppFixture.h"
-#include "app/MainToolBars.h"
 
 using namespace apptest;
 
 namespace {
-
-namespace key = platform::key;
 
 struct Desk : Machine {
     static platform::Window* Dialog() { return sim::findWindow("Kestrum Options"); }
@@ -33,189 +26,188 @@ struct Desk : Machine {
         for (int i = 0; i < index; ++i) sim::pressKey(key::kDown);
         sim::pressKey(key::kEnter);
     }
-    // What a list shows.
-    static std::string Face(const std::string& name) {
-        std::string shown;
-        for (const sim::Drawn& drawn : sim::paint(*sim::findWindow(name), true)) {
-            if (drawn.what == "text") shown = drawn.text;
-        }
-        return shown;
-    }
-    static void Answer(std::uint16_t code) {
-        sim::whenModal([code](platform::Window&) { sim::pressKey(code); });
-    }
-    static std::string IconSource() { return sim::trayIcons().at(0).source; }
 };
 
 }  // namespace
 
-TEST_CASE("Options: the dialog stands beside the window, and stays when that goes") {
-    Desk desk;
-    desk.Start();
-    desk.Open();
-    platform::Window* dialog = Desk::Dialog();
-    desk.ClickButton(app::button::kSetOptions);
-    CHECK(Desk::Dialog() == dialog);
-    const platform::ProcessId id = Machine::Run("C:\\Apps\\late.exe");
-    Machine::Tick();
-    CHECK(desk.RowOf(id) >= 0);  // nothing rests meanwhile
-    sim::closeBox(*desk.form);
-    CHECK_FALSE(desk.form->visible());
+TEST_CASE_FIXTURE(Desk, "Options: the dialog stands beside the window, and stays when that goes") {
+    Start();
+    Open();
+    platform::Window* dialog = Dialog();
+    ClickButton(app::button::kSetOptions);
+    CHECK(Dialog() == dialog);
+    const ProcessId id = Run("C:\\Apps\\late.exe");
+    Tick();
+    CHECK(RowOf(id) >= 0);  // nothing rests meanwhile
+    sim::closeBox(*form);
+    CHECK_FALSE(form->visible());
     CHECK(dialog->visible());
     sim::closeBox(*dialog);
-    Machine::ChooseInTray(tray::command::kOptions);
-    CHECK(Desk::Dialog());
-    Machine::Tick(3);
+    ChooseInTray(tray::command::kOptions);
+    CHECK(Dialog());
 }
 
-TEST_CASE("Options: a change counts at once") {
-    Desk desk;
-    Machine::PutProfile("A.exe\t1\tHigh\tC:\\Apps\\a.exe\t\r\n");
-    sim::putFile("C:\\Apps\\a.exe", "");
-    sim::putSetting(kSection, "AutoSet", "1");
-    sim::putSetting(kSection, "ReEnforce", "1");
-    desk.Start();
-    desk.Open();
+TEST_CASE_FIXTURE(Desk, "Options: a change counts at once") {
+    PutProfile("A.exe\t1\tHigh\tC:\\Apps\\a.exe\t\r\n");
+    const ProcessId id = Run("C:\\Apps\\a.exe");
+    Store("AutoSet", "1");
+    Store("ReEnforce", "1");
+    Start();
+    Open();
     SUBCASE("the icon in the notification area") {
-        CHECK(Desk::IconSource().empty());
-        Desk::Pick("CboTrayType", 0);
-        CHECK(Desk::IconSource() == "#1");
-        Machine::Tick(2);
-        CHECK(Desk::IconSource() == "#1");
-        Desk::Pick("CboTrayType", 2);
-        Machine::Tick();
-        CHECK(Desk::IconSource().empty());
+        Pick("CboTrayType", 0);
+        CHECK(sim::trayIcons().at(0).source == "#1");
+        Tick(2);
+        CHECK(sim::trayIcons().at(0).source == "#1");
+        Pick("CboTrayType", 2);
+        Tick();
+        CHECK(sim::trayIcons().at(0).source.empty());
     }
     SUBCASE("the interval of Enforce") {
-        const platform::ProcessId id = Machine::Run("C:\\Apps\\a.exe");
-        Machine::Tick(4);
-        Desk::Pick("CboEnforce", 0);
-        sim::findProcess(id)->priorityClass = 0x20;
-        Machine::Tick(21);
-        CHECK(sim::findProcess(id)->priorityClass == 0x80);
+        Tick(4);
+        Pick("CboEnforce", 0);
+        ClassOf(id) = kNormal;
+        Tick(21);
+        CHECK(ClassOf(id) == kHigh);
     }
     SUBCASE("hotkeys") {
-        Desk::Click("Enable Hotkeys");
-        for (const std::uint16_t code : {key::kCtrl, key::kShift, std::uint16_t{'3'}}) sim::holdKey(code);
+        Click("Enable Hotkeys");
+        HoldKeys({key::kCtrl, key::kShift, '3'});
         sim::run(100);
-        for (const std::uint16_t code : {key::kCtrl, key::kShift, std::uint16_t{'3'}}) sim::releaseKey(code);
-        CHECK(desk.form->FavoritesListControl().ListCount() == 0);
-        Desk::Click("Enable Hotkeys");
-        CHECK(sim::setting(kSection, "Hotkey") == "0");
-    }
-    SUBCASE("graphs that are open") {
-        desk.form->ProcessList().SelectItem(0, true);
-        desk.form->Graphs().Launch("a.exe", Machine::Run("C:\\Apps\\a.exe"));
-        graphs::iCPU* graph = desk.form->Graphs().InSlot(1);
-        REQUIRE(graph);
-        CHECK_FALSE(sim::translucency(*graph).hole);
-        Desk::Click("CPU Graphs");
-        Desk::Click("Transparent Graphs");
-        CHECK(sim::translucency(*graph).hole);
-        Desk::Click("Transparent Graphs");
-        CHECK(sim::translucency(*graph).alpha == graphs::AlphaOfLevel(85));
-        Desk::Click("Show Total /Avg");
-        CHECK(sim::findWindow("CPU usage"));
+        CHECK(Favorites().ListCount() == 0);
+        ReleaseKeys({'3', key::kShift});
+        sim::run(1100);
+        Click("Enable Hotkeys");
+        CHECK(Stored("Hotkey") == "0");
+        HoldKeys({key::kShift, '1'});
+        sim::run(100);
+        CHECK(Favorites().ListCount() == 0);
     }
     SUBCASE("what the lists say of profiles, be one copied to or emptied") {
-        desk.form->FavoritesListControl().SelectItem(0, true);
-        sim::whenMenu([](const std::vector<platform::MenuItem>& items) { return items[2].submenu[1].id; });
-        sim::click(desk.form->FavoritesListControl(), {40, 30}, platform::MouseButton::Right);
-        Desk::Answer('Y');
-        desk.ClickButton(app::button::kRemoveFavorites);
-        Desk::Click("Start Up");
-        CHECK(Desk::Face("CboFavJr") == "My Favs 1 (Empty)");
-        Desk::Click("Start Up");
-        Desk::Click("CboFav");
-        sim::pressKey(key::kHome);
-        sim::pressKey(key::kDown);
-        sim::pressKey(key::kEnter);
-        CHECK(Desk::Face("CboFav") == "My Favs 2");
+        SelectFavorites({0});
+        ChooseNext("Copy Selected To...", "My Favs 2 (Empty)");
+        sim::click(Favorites(), {40, 30}, platform::MouseButton::Right);
+        Answer('Y');
+        ClickButton(app::button::kRemoveFavorites);
+        Click("Start Up");
+        CHECK(TextOf(*sim::findWindow("CboFavJr")) == "My Favs 1 (Empty)");
+        Pick("CboFav", 1);
+        CHECK(TextOf(*sim::findWindow("CboFav")) == "My Favs 2");
     }
 }
 
-TEST_CASE("Options: columns and splitter go back to those of a first start, in both sets") {
-    Desk desk;
-    sim::putSetting(kSection, "FileColWide", "50,50,50,50,50,50,");
-    sim::putSetting(kSection, "SplitterMax", "300");
-    desk.Start();
-    CHECK(desk.form->ProcessList().ColumnWidthsText() == "50,50,50,50,50,50,");
-    desk.Open();
+TEST_CASE_FIXTURE(Desk, "Options: the graphs that are open follow") {
+    Start();
+    form->Graphs().Launch("a.exe", Run("C:\\Apps\\a.exe"));
+    graphs::iCPU& graph = *form->Graphs().InSlot(1);
+    Open();
+    Click("CPU Graphs");
+    Click("Show Total /Avg");
+    platform::Window* const both[] = {&graph, sim::findWindow("CPU usage")};
+    REQUIRE(both[1]);
+    SUBCASE("whether they are seen through, and how much") {
+        for (platform::Window* window : both) CHECK_FALSE(sim::translucency(*window).hole);
+        Click("Transparent Graphs");
+        for (platform::Window* window : both) CHECK(sim::translucency(*window).hole);
+        Click("Transparent Graphs");
+        sim::findWindow("HScrl")->focus();
+        sim::pressKey(key::kEnd);
+        for (platform::Window* window : both) CHECK(sim::translucency(*window).alpha == graphs::AlphaOfLevel(100));
+        // So does one that opens before that level is written, with whatever else was changed meanwhile.
+        Click("Stay On Top");
+        form->Graphs().Launch("b.exe", Run("C:\\Apps\\b.exe"));
+        CHECK(sim::translucency(*form->Graphs().InSlot(2)).alpha == graphs::AlphaOfLevel(100));
+        CHECK(Logged("setTopmost b 1") == 0);
+    }
+    SUBCASE("in their colours") {
+        for (platform::Window* window : both) sim::paint(*window);
+        Pick("CboGphCap", 7);  // yellow
+        CHECK_FALSE(sim::invalidArea(*both[1]).empty());
+        std::vector<platform::Color> inks;
+        for (const sim::Drawn& drawn : sim::paint(graph)) {
+            if (drawn.what == "text") inks.push_back(drawn.color);
+        }
+        CHECK(inks == std::vector<platform::Color>{platform::rgb(255, 255, 0)});
+    }
+    SUBCASE("whether they may stand partly outside") {
+        Click("Edge Detection");
+        sim::whenDragged({2000, 0});
+        sim::mouseDown(graph, {5, 5});
+        CHECK(graph.bounds().left > 1280);
+        Click("Edge Detection");
+        CHECK(graph.bounds().right == 1280);
+    }
+    SUBCASE("whether they tell of their processes") {
+        sim::setPointer(graph, {5, 5});
+        sim::run(700);
+        CHECK(sim::tips().size() == 1);
+        sim::findWindow("Stay On Top")->focus();
+        sim::pressKey(key::kTab);  // to the box for tips
+        sim::pressKey(key::kSpace);
+        sim::setPointer(graph, {5, 5});
+        sim::run(700);
+        CHECK(sim::tips().empty());
+    }
+}
+
+TEST_CASE_FIXTURE(Desk, "Options: columns and splitter go back to those of a first start, in both sets") {
+    Store("FileColWide", "50,50,50,50,50,50,");
+    Store("SplitterMax", "300");
+    Start();
+    CHECK(Processes().ColumnWidthsText() == "50,50,50,50,50,50,");
+    Open();
     SUBCASE("with the window") {}
     SUBCASE("while it is in the notification area") {
-        sim::closeBox(*desk.form);
+        sim::closeBox(*form);
     }
-    Desk::Answer('Y');
-    Desk::Click("Column Widths");
-    CHECK(desk.form->ProcessList().ColumnWidthsText() == "134,82,60,40,60,70,");
-    desk.Exit();
-    CHECK(sim::setting(kSection, "FileColWide") == "134,82,60,40,60,70,");
-    CHECK(sim::setting(kSection, "FavColWideMax") == "134,82,70,50,50,");
-    CHECK(sim::setting(kSection, "SplitterMax") == "474");
+    Answer('Y');
+    Click("Column Widths");
+    CHECK(Processes().ColumnWidthsText() == "134,82,60,40,60,70,");
+    Exit();
+    CHECK(Stored("FileColWide") == "134,82,60,40,60,70,");
+    CHECK(Stored("FavColWideMax") == "134,82,70,50,50,");
+    CHECK(Stored("SplitterMax") == "474");
 }
 
-TEST_CASE("Options: all settings forgotten, and the program begins anew if the user likes") {
-    Desk desk;
-    desk.Start();
-    sim::putRunEntry("Kestrum_Jr", "x");
-    sim::putRunEntry("Kestrum2", "x");
-    sim::putRunEntry("Other", "x");
-    desk.Open();
-    Desk::Click("Show ToolTips");
-    Desk::Click("CPU Graphs");
-    Desk::Click("Show Total /Avg");
-    Desk::Click("Misc");
+TEST_CASE_FIXTURE(Desk, "Options: all settings forgotten, and the program begins anew if the user likes") {
+    Start();
+    for (const char* name : {"Kestrum_Jr", "Kestrum2", "Other"}) sim::putRunEntry(name, "x");
+    Open();
+    Click("Show ToolTips");
+    Click("CPU Graphs");
+    Click("Show Total /Avg");
+    Click("Misc");
     std::vector<std::string> documents;
-    Desk::Answer('Y');
+    Answer('Y');
     SUBCASE("yes") {
-        Desk::Answer('Y');
+        Answer('Y');
         documents = {"C:\\Kestrum\\Kestrum2.exe"};
     }
     SUBCASE("no") {
-        Desk::Answer('N');
+        Answer('N');
     }
-    Desk::Click("Restore All");
+    Click("Restore All");
     CHECK(sim::quitCode() == 0);
     CHECK(sim::openedDocuments() == documents);
     CHECK(sim::topLevelWindows().empty());
     CHECK(sim::trayIcons().empty());
-    CHECK_FALSE(sim::runEntry("Kestrum_Jr"));
-    CHECK_FALSE(sim::runEntry("Kestrum2"));
+    for (const char* name : {"Kestrum_Jr", "Kestrum2"}) CHECK_FALSE(sim::runEntry(name));
     CHECK(sim::runEntry("Other"));
-    desk.form.reset();
+    form.reset();
     for (const char* name :
          {"ShowTips", "FavColSort", "Form1_Pos", "FrmColorMeter_Pos", "TransLevel", "Splitter"}) {
-        CHECK_FALSE(sim::setting(kSection, name));
+        CHECK_FALSE(Stored(name));
     }
 }
 
-TEST_CASE("Options: only a Yes deletes, not the answer to an earlier question") {
-    Desk desk;
-    desk.Start();
-    desk.Open();
-    Desk::Answer('Y');
-    Desk::Click("Column Widths");
-    sim::whenModal([](platform::Window& box) { sim::closeBox(box); });
-    Desk::Click("Restore All");
-    CHECK(Desk::Dialog());
-    CHECK(sim::quitCode() == -1);
-}
-
-TEST_CASE("Options: the shadow comes with a restart") {
-    Desk desk;
-    desk.Start();
-    desk.Open();
-    Desk::Click("Start Up");
-    Desk::Answer('Y');
-    Desk::Click("Show Shadows");
+TEST_CASE_FIXTURE(Desk, "Options: the shadow comes with a restart") {
+    Start();
+    Open();
+    Click("Start Up");
+    Answer('Y');
+    Click("Show Shadows");
     CHECK(sim::quitCode() == 0);
     CHECK(sim::openedDocuments() == std::vector<std::string>{"C:\\Kestrum\\Kestrum2.exe"});
-    CHECK(sim::setting(kSection, "Shadow") == "1");
-    CHECK(sim::setting(kSection, "TransLevel") == "85");
-    // The next copy finds everything as it was left.
-    const auto log = sim::log();
-    const auto started = std::find_if(log.begin(), log.end(),
-                                      [](const std::string& entry) { return entry.starts_with("openDocument"); });
-    CHECK(
-        std::none_of(started, log.end(), [](const std::string& entry) { return entry.starts_with("storeWrite"); }));
+    CHECK(Stored("Shadow") == "1");
+    CHECK(Stored("TransLevel") == "85");
 }

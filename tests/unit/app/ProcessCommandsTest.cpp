@@ -1,155 +1,124 @@
 // What the user does with selected processes, on the whole main window.
-#include <string>
-#include <vector>
-
 #include "AppFixture.h"
-#include "app/MainToolBars.h"
-#include "app/ProcessCommands.h"
 
 using namespace apptest;
-using platform::ProcessId;
 
 namespace {
 
 constexpr std::uint32_t kDenySet = 0x200, kDenyTerminate = 0x1;
-
-// Answers the next message box with a key and gives what it said.
-std::vector<std::string>& Told() {
-    static std::vector<std::string> told;
-    return told;
-}
-void Answer(std::uint16_t key) {
-    sim::whenModal([key](platform::Window& dialog) {
-        std::string text;
-        for (const sim::Drawn& drawn : sim::paint(dialog, true)) {
-            if (drawn.what == "text") text += (text.empty() ? "" : "\n") + drawn.text;
-        }
-        Told().push_back(text);
-        sim::pressKey(key);
-    });
-}
+constexpr const char* kTerminate = "Terminate Selected (Kill Process)";
 
 struct Desk : Machine {
-    app::Form1* form_ = nullptr;
-    Desk() { Told().clear(); }
+    Desk() {
+        one = Run("C:\\Apps\\one.exe");
+        two = Run("C:\\Apps\\two.exe");
+    }
     void Begin() {
-        form_ = &Start();
+        Start();
         Tick();
     }
-    void Select(const std::vector<ProcessId>& ids) {
-        controls::UcList1& list = form_->ProcessList();
-        for (int row = 0; row < list.ListCount(); ++row) list.SelectItem(row, false);
-        for (const ProcessId id : ids) list.SelectItem(RowOf(id), true);
-    }
-    void Menu(int command) {
-        sim::whenMenu([command](const std::vector<platform::MenuItem>&) { return command; });
-        sim::click(form_->ProcessList(), {300, 5}, platform::MouseButton::Right);
-    }
-    void Button2(int index) {
-        const platform::Rect area = form_->ToolBar2().ButtonRect(index);
-        sim::click(form_->ToolBar2(), {area.left + 2, area.top + 2});
+    void Menu(const std::string& caption) {
+        ChooseNext(caption);
+        sim::click(Processes(), {300, 5}, platform::MouseButton::Right);
     }
     // The middle of a row of the process list, client pixels.
     platform::Point RowPoint(ProcessId id) {
-        return {40, form_->ProcessList().HeaderHeight() + 1 + controls::kUcListRowHeight * RowOf(id) + 8};
+        return {40, Processes().HeaderHeight() + 1 + controls::kUcListRowHeight * RowOf(id) + 8};
     }
+    void PressRow(ProcessId id, platform::MouseButton button = platform::MouseButton::Left) {
+        sim::setPointer(Processes(), RowPoint(id));
+        sim::mouseDown(Processes(), RowPoint(id), button);
+    }
+    static bool Runs(ProcessId id) { return sim::findProcess(id) != nullptr; }
+    // The last message said this.
+    bool Told(const std::string& text) const {
+        return !told.empty() && told.back().find(text) != std::string::npos;
+    }
+
+    ProcessId one = 0, two = 0;
 };
 
 }  // namespace
 
-TEST_CASE("Apply Changes sets what was chosen, and tells what could not be set") {
-    Desk desk;
-    Machine::PutProfile("Fav.exe\t1\tHigh\tC:\\Apps\\fav.exe\t\r\n");
-    const ProcessId one = Machine::Run("C:\\Apps\\one.exe");
-    const ProcessId two = Machine::Run("C:\\Apps\\two.exe");
-    const ProcessId favourite = Machine::Run("C:\\Apps\\fav.exe");
-    desk.Begin();
-    desk.form_->CpuAffinity().Show("02");
-    desk.form_->Priority().SelectItem(5);  // "Below"
-
-    SUBCASE("all selected, but not the others") {
-        desk.Select({one, favourite});
-        desk.ClickButton(app::button::kApplyChanges);
-        CHECK(sim::findProcess(one)->affinityMask == 5);
-        CHECK(sim::findProcess(one)->priorityClass == 0x4000);
-        CHECK(sim::findProcess(favourite)->affinityMask == 5);
-        CHECK(sim::findProcess(two)->affinityMask == 0xF);
-        CHECK(desk.Cell(one, 1) == "02");
-        CHECK(desk.Cell(one, 2) == "Below");
-        CHECK(sim::focusedWindow() == &desk.form_->ProcessList());
+TEST_CASE_FIXTURE(Desk, "Apply Changes sets what was chosen, and tells what could not be set") {
+    PutProfile("Fav.exe\t1\tHigh\tC:\\Apps\\fav.exe\t\r\n");
+    const ProcessId favourite = Run("C:\\Apps\\fav.exe");
+    Begin();
+    SUBCASE("all selected that let it, but not the others") {
+        const ProcessId zoo = Run("C:\\Apps\\zoo.exe");
+        const ProcessId gone = Run("C:\\Apps\\gone.exe");
+        Tick();
+        sim::findProcess(two)->deniedRights = kDenySet;
+        Select({one, gone, two, favourite});
+        sim::endProcess(gone);
+        form->CpuAffinity().Show("02");
+        form->Priority().SelectItem(5);  // "Below"
+        Answer(key::kEnter);
+        ClickButton(app::button::kApplyChanges);
+        CHECK(Told("Unable to make changes to some files.\nAffiniy Errors: 2\nPriority Errors: 2"));
+        for (const ProcessId id : {one, favourite}) {
+            CHECK(MaskOf(id) == 5);
+            CHECK(ClassOf(id) == 0x4000);
+        }
+        CHECK(MaskOf(zoo) == 0xF);
+        CHECK(Cell(one, 1) == "02");
+        CHECK(Cell(one, 2) == "Below");
+        CHECK(sim::focusedWindow() == &Processes());
     }
     SUBCASE("not what Auto Set looks after, nor a priority that is not chosen") {
-        desk.ClickButton(app::button::kAutoSet);
-        Machine::Tick(4);
-        desk.Select({one, favourite});
-        desk.form_->CpuAffinity().Show("02");
-        desk.form_->Priority().SelectItem(0);
-        desk.ClickButton(app::button::kApplyChanges);
-        CHECK(sim::findProcess(favourite)->affinityMask == 2);
-        CHECK(sim::findProcess(one)->affinityMask == 5);
-        CHECK(sim::findProcess(one)->priorityClass == 0x20);
-    }
-    SUBCASE("the rest, when one is denied and one has ended") {
-        sim::findProcess(one)->deniedRights = kDenySet;
-        desk.Select({one, two, favourite});
-        sim::endProcess(favourite);
-        Answer(platform::key::kEnter);
-        desk.ClickButton(app::button::kApplyChanges);
-        CHECK(sim::findProcess(two)->affinityMask == 5);
-        REQUIRE(Told().size() == 1);
-        CHECK(Told()[0].find("Unable to make changes to some files.\nAffiniy Errors: 2\nPriority Errors: 2") !=
-              std::string::npos);
+        ClickButton(app::button::kAutoSet);
+        Tick(4);
+        Select({one, favourite});
+        form->CpuAffinity().Show("02");
+        form->Priority().SelectItem(0);
+        ClickButton(app::button::kApplyChanges);
+        CHECK(MaskOf(favourite) == 2);
+        CHECK(MaskOf(one) == 5);
+        CHECK(ClassOf(one) == kNormal);
     }
     SUBCASE("nothing without a processor") {
-        desk.Select({one});
-        desk.form_->CpuAffinity().Show("");
-        Answer(platform::key::kEnter);
-        desk.ClickButton(app::button::kApplyChanges);
-        REQUIRE(Told().size() == 1);
-        CHECK(Told()[0].find("Please select at least one CPU core for Affinity.") != std::string::npos);
-        CHECK(sim::findProcess(one)->priorityClass == 0x20);
+        Select({one});
+        form->CpuAffinity().Show("012");
+        sim::click(*sim::findWindow("Invert Affinity"), {5, 5});
+        CHECK(form->CpuAffinity().Text() == "3");
+        form->CpuAffinity().Show("");
+        Answer(key::kEnter);
+        ClickButton(app::button::kApplyChanges);
+        CHECK(Told("Please select at least one CPU core for Affinity."));
+        CHECK(ClassOf(one) == kNormal);
     }
-    SUBCASE("inverted") {
-        platform::Window* invert = sim::findWindow("Invert Affinity");
-        REQUIRE(invert != nullptr);
-        sim::click(*invert, {5, 5});
-        CHECK(desk.form_->CpuAffinity().Text() == "13");
-    }
-    CHECK(desk.form_->ToolBar1().IsEnabled(app::button::kApplyChanges));
+    CHECK(form->ToolBar1().IsEnabled(app::button::kApplyChanges));
     CHECK(sim::openHandles("timer") == 3);
 }
 
-TEST_CASE("Terminate ends what was meant when it was asked, and nothing else") {
-    Desk desk;
-    const ProcessId one = Machine::Run("C:\\Apps\\one.exe");
-    const ProcessId two = Machine::Run("C:\\Apps\\two.exe");
-    const ProcessId three = Machine::Run("C:\\Apps\\zoo.exe");
-    desk.Begin();
+TEST_CASE_FIXTURE(Desk, "Terminate ends what was meant when it was asked, and nothing else") {
+    const ProcessId zoo = Run("C:\\Apps\\zoo.exe");
     const ProcessId own = platform::currentProcessId();
-    const auto there = [](ProcessId id) { return sim::findProcess(id) != nullptr; };
-
-    SUBCASE("with Yes, sparing the program itself") {
-        desk.Select({one, own, three});
+    Begin();
+    bool oneRuns = true, zooRuns = false;
+    SUBCASE("sparing the program itself, and up to the first that cannot be ended") {
+        sim::findProcess(two)->deniedRights = kDenyTerminate;
+        Select({one, own, two, zoo});
         Answer('Y');
-        desk.Button2(6);
-        CHECK_FALSE(there(one));
-        CHECK_FALSE(there(three));
-        CHECK(there(two));
-        CHECK(there(own));
-        CHECK(desk.RowOf(one) == -1);  // seen at once
+        Answer(key::kEnter);
+        ClickButton2(6);
+        CHECK(Told("Aborting, Terminate process failed for: Two.exe"));
+        CHECK(RowOf(one) == -1);  // seen at once
+        oneRuns = false;
+        zooRuns = true;
     }
     SUBCASE("not with No, by the key and by the menu") {
-        desk.Select({one});
-        desk.form_->ProcessList().focus();
+        Select({zoo});
+        Processes().focus();
         Answer('N');
-        sim::pressKey(platform::key::kDelete);
-        Answer(platform::key::kEscape);
-        desk.Menu(app::command::kTerminate);
-        CHECK(Told().size() == 2);
-        CHECK(there(one));
+        sim::pressKey(key::kDelete);
+        Answer(key::kEscape);
+        Menu(kTerminate);
+        CHECK(told.size() == 2);
+        zooRuns = true;
     }
     SUBCASE("not a program that got the id while the question was open") {
-        desk.Select({one, two});
+        Select({one, zoo});
         sim::whenModal([&](platform::Window&) {
             sim::endProcess(one);
             sim::advance(1000);
@@ -159,148 +128,113 @@ TEST_CASE("Terminate ends what was meant when it was asked, and nothing else") {
             sim::addProcess(other);
             sim::pressKey('Y');
         });
-        desk.Button2(6);
-        CHECK(there(one));
-        CHECK_FALSE(there(two));
+        ClickButton2(6);
     }
     SUBCASE("not the one that is selected when the meant one ends while the menu is open") {
-        desk.Select({three});
-        sim::setPointer(desk.form_->ProcessList(), desk.RowPoint(three));
-        sim::mouseDown(desk.form_->ProcessList(), desk.RowPoint(three), platform::MouseButton::Right);
-        sim::endProcess(three);
-        sim::whenMenu([](const std::vector<platform::MenuItem>&) { return app::command::kTerminate; });
+        Select({zoo});
+        PressRow(zoo, platform::MouseButton::Right);
+        SUBCASE("before it came up") {
+            sim::endProcess(zoo);
+            ChooseNext(kTerminate);
+        }
+        SUBCASE("and the list was to be rebuilt") {
+            sim::whenMenu([&](const MenuItems&) {
+                sim::endProcess(zoo);
+                form->Refresh().FullRebuild();  // another profile, by its hotkey
+                CHECK(RowOf(zoo) >= 0);         // what the menu is about stays in sight
+                return app::command::kTerminate;
+            });
+        }
         Answer('Y');
-        sim::mouseUp(desk.form_->ProcessList(), {40, 30}, platform::MouseButton::Right);
-        CHECK(there(one));
-        CHECK(there(two));
-        CHECK(Told().size() == 1);
-        CHECK(desk.RowOf(three) == -1);
+        sim::mouseUp(Processes(), {40, 30}, platform::MouseButton::Right);
+        CHECK(told.size() == 1);
+        CHECK(RowOf(zoo) == -1);
     }
-    SUBCASE("nor when the list was to be rebuilt while the menu was open") {
-        desk.Select({three});
-        sim::setPointer(desk.form_->ProcessList(), desk.RowPoint(three));
-        sim::mouseDown(desk.form_->ProcessList(), desk.RowPoint(three), platform::MouseButton::Right);
-        sim::whenMenu([&](const std::vector<platform::MenuItem>&) {
-            sim::endProcess(three);
-            desk.form_->Refresh().FullRebuild();  // another profile, by its hotkey
-            CHECK(desk.RowOf(three) >= 0);        // what the menu is about stays in sight
-            return app::command::kTerminate;
-        });
-        Answer('Y');
-        sim::mouseUp(desk.form_->ProcessList(), {40, 30}, platform::MouseButton::Right);
-        CHECK(there(one));
-        CHECK(there(two));
-        CHECK(desk.RowOf(three) == -1);
-    }
-    SUBCASE("up to the first that cannot be ended") {
-        sim::findProcess(two)->deniedRights = kDenyTerminate;
-        desk.Select({one, two, three});
-        Answer('Y');
-        Answer(platform::key::kEnter);
-        desk.Button2(6);
-        REQUIRE(Told().size() == 2);
-        CHECK(Told()[1].find("Aborting, Terminate process failed for: Two.exe") != std::string::npos);
-        CHECK_FALSE(there(one));
-        CHECK(there(three));
-    }
-    CHECK(sim::openHandles("process") == 0);
+    CHECK(Runs(one) == oneRuns);
+    CHECK(Runs(two));
+    CHECK(Runs(zoo) == zooRuns);
+    CHECK(Runs(own));
 }
 
-TEST_CASE("The filter hides, marks and shows file names again") {
-    Desk desk;
-    const ProcessId one = Machine::Run("C:\\Apps\\one.exe");
-    const ProcessId again = Machine::Run("D:\\Other\\ONE.EXE");
-    const ProcessId two = Machine::Run("C:\\Apps\\two.exe");
-    desk.Begin();
-    app::Form1& form = *desk.form_;
-    CHECK_FALSE(form.ToolBar1().IsEnabled(app::button::kFileFilter));
+TEST_CASE_FIXTURE(Desk, "The filter hides, marks and shows file names again") {
+    const ProcessId again = Run("D:\\Other\\ONE.EXE");
+    Begin();
+    CHECK_FALSE(form->ToolBar1().IsEnabled(app::button::kFileFilter));
 
-    desk.Select({one, again});
-    desk.Menu(app::command::kAddToFilter);  // one name, whatever the folder: nothing to tell
-    CHECK(Told().empty());
+    Select({one, again});
+    Menu("Add Selected To File Filter");  // one name, whatever the folder: nothing to tell
+    CHECK(told.empty());
     CHECK(sim::file("C:\\Kestrum\\FileFilter") == "One.exe\r\n");
-    REQUIRE(form.ToolBar1().IsEnabled(app::button::kFileFilter));
-    CHECK(desk.RowOf(one) >= 0);
-    CHECK(desk.Cell(one, 6) == desk.Cell(again, 6));  // both wear the mark of the filtered
-    CHECK(desk.Cell(one, 6) != desk.Cell(two, 6));
+    REQUIRE(form->ToolBar1().IsEnabled(app::button::kFileFilter));
+    CHECK(RowOf(one) >= 0);
+    CHECK(Cell(one, 6) == Cell(again, 6));  // both wear the mark of the filtered
+    CHECK(Cell(one, 6) != Cell(two, 6));
 
-    desk.ClickButton(app::button::kFileFilter);
-    CHECK(desk.RowOf(one) == -1);
-    CHECK(desk.RowOf(again) == -1);
-    CHECK(desk.RowOf(two) >= 0);
-    desk.ClickButton(app::button::kFileFilter);
-    CHECK(desk.RowOf(one) >= 0);
+    ClickButton(app::button::kFileFilter);
+    CHECK(RowOf(one) == -1);
+    CHECK(RowOf(again) == -1);
+    CHECK(RowOf(two) >= 0);
+    ClickButton(app::button::kFileFilter);
+    CHECK(RowOf(one) >= 0);
+    Select({one});
+    Answer(key::kEnter);
+    ClickButton2(1);
+    CHECK(Told("already in your filter list"));
 
-    desk.Select({one});
-    Answer(platform::key::kEnter);
-    desk.Button2(1);
-    REQUIRE(Told().size() == 1);
-    CHECK(Told()[0].find("already in your filter list") != std::string::npos);
-
-    desk.Exit();
-    desk.Begin();  // filtering is on after a start
-    CHECK(desk.RowOf(one) == -1);
-    sim::whenModal([](platform::Window& dialog) {  // the filter dialog
-        platform::Window* list = sim::findWindow("UcFilter");
-        REQUIRE(list != nullptr);
-        sim::click(*list, {40, 30});
-        sim::pressKey(platform::key::kDelete);
+    Exit();
+    Begin();  // filtering is on after a start
+    CHECK(RowOf(one) == -1);
+    sim::whenModal([](platform::Window& dialog) {
+        sim::click(*sim::findWindow("UcFilter"), {40, 30});
+        sim::pressKey(key::kDelete);
         sim::closeBox(dialog);
     });
-    desk.Menu(app::command::kFilterDialog);
-    CHECK_FALSE(desk.form_->ToolBar1().IsEnabled(app::button::kFileFilter));
+    Menu("Show File Filter Dialog");
+    CHECK_FALSE(form->ToolBar1().IsEnabled(app::button::kFileFilter));
     CHECK_FALSE(sim::file("C:\\Kestrum\\FileFilter"));
-    CHECK(desk.RowOf(one) >= 0);
+    CHECK(RowOf(one) >= 0);
 }
 
-TEST_CASE("Selected rows are dragged to the favourites, whatever the list does meanwhile") {
-    Desk desk;
-    const ProcessId one = Machine::Run("C:\\Apps\\one.exe");
-    const ProcessId two = Machine::Run("C:\\Apps\\two.exe");
-    Machine::Run("C:\\Apps\\zoo.exe");
+TEST_CASE_FIXTURE(Desk, "Selected rows are dragged to the favourites, whatever the list does meanwhile") {
     sim::putFile("C:\\Apps\\aav.exe", "");
-    Machine::PutProfile("Aav.exe\t1\tHigh\tC:\\Apps\\aav.exe\t\r\n");
-    sim::putSetting(kSection, "AutoSet", "1");
-    desk.Begin();
-    controls::UcList1& list = desk.form_->ProcessList();
-    controls::UcList1& favourites = desk.form_->FavoritesListControl();
-    desk.Select({one, two});
-    const platform::Point target{favourites.bounds().left - list.bounds().left + 50, 60};
-    sim::mouseDown(list, desk.RowPoint(two));
-    Machine::Run("C:\\Apps\\a-new-one.exe");
-    Machine::Tick(3);
-    Machine::Run("C:\\Apps\\aav.exe");  // a favourite, set at once
-    Machine::Tick(2);
-    sim::setPointer(list, {50, -30});
+    PutProfile("Aav.exe\t1\tHigh\tC:\\Apps\\aav.exe\t\r\n");
+    Store("AutoSet", "1");
+    Begin();
+    Select({one, two});
+    const int right = Favorites().bounds().left - Processes().bounds().left;
+    const platform::Point target{right + 50, 60}, elsewhere{50, -30};
+    sim::mouseDown(Processes(), RowPoint(two));
+    Run("C:\\Apps\\a-new-one.exe");
+    Tick(3);
+    Run("C:\\Apps\\aav.exe");  // a favourite, set at once
+    Tick(2);
+    sim::setPointer(Processes(), elsewhere);
     CHECK(sim::pointerShape() == platform::Pointer::NoDrop);
-    sim::setPointer(list, target);
+    sim::setPointer(Processes(), target);
     CHECK(sim::pointerShape() == platform::Pointer::Drop);
-    CHECK(list.SelectedRows().size() == 2);
-    sim::mouseUp(list, target);
-    REQUIRE(favourites.ListCount() == 3);
-    CHECK(favourites.CellText(1, 0) == "One.exe");
-    CHECK(favourites.CellText(2, 0) == "Two.exe");
-    sim::setPointer(list, {50, 40});
+    sim::mouseUp(Processes(), target);
+    REQUIRE(Favorites().ListCount() == 3);
+    CHECK(Favorites().CellText(1, 0) == "One.exe");
+    CHECK(Favorites().CellText(2, 0) == "Two.exe");
+    sim::setPointer(Processes(), {50, 40});
     CHECK(sim::pointerShape() == platform::Pointer::Arrow);
-    Machine::Tick(2);
-    CHECK(list.ListCount() == 6);  // what came meanwhile is there now
+    Tick(2);
+    CHECK(Processes().ListCount() == 5);  // what came meanwhile is there now
 
-    // Dropped elsewhere nothing is added.
-    sim::mouseDown(list, desk.RowPoint(one));
-    sim::setPointer(list, {50, -30});
-    sim::mouseUp(list, {50, -30});
-    CHECK(favourites.ListCount() == 3);
+    const ProcessId zoo = Run("C:\\Apps\\zoo.exe");
+    Tick();
+    PressRow(zoo);
+    sim::setPointer(Processes(), elsewhere);
+    sim::mouseUp(Processes(), elsewhere);
+    CHECK(Favorites().ListCount() == 3);
 }
 
-TEST_CASE("Extensions and row tips follow their options, which are kept") {
-    Desk desk;
-    const ProcessId one = Machine::Run("C:\\Apps\\one.exe");
-    desk.Begin();
-    app::Form1& form = *desk.form_;
-    CHECK(form.ToolBar2().IsChecked(app::button2::kFileExtensions));
-    desk.Button2(app::button2::kFileExtensions);
-    CHECK(desk.Cell(one, 0) == "One");
-    CHECK(sim::setting(kSection, "ShowExt") == "0");
+TEST_CASE_FIXTURE(Desk, "Extensions and row tips follow their options, which are kept") {
+    Begin();
+    CHECK(form->ToolBar2().IsChecked(app::button2::kFileExtensions));
+    ClickButton2(app::button2::kFileExtensions);
+    CHECK(Cell(one, 0) == "One");
+    CHECK(Stored("ShowExt") == "0");
 
     platform::WindowFacts window;
     window.visible = true;
@@ -309,46 +243,38 @@ TEST_CASE("Extensions and row tips follow their options, which are kept") {
     window.className = "Notes";
     window.process = one;
     sim::addOtherWindow(window);
-    sim::setPointer(form.ProcessList(), desk.RowPoint(one));
+    sim::setPointer(Processes(), RowPoint(one));
     REQUIRE(sim::tips().size() == 1);
     CHECK(sim::tips()[0].title == "A title");
     CHECK(sim::tips()[0].text == "C:\\Apps\\one.exe\r\nUpTime: 00:00:00:00");
-    sim::setPointer(form.ProcessList(), {300, 300});
-    desk.Menu(app::command::kFileTips);
-    CHECK(sim::setting(kSection, "ShowFileTips") == "0");
-    sim::setPointer(form.ProcessList(), desk.RowPoint(one));
+    sim::setPointer(Processes(), {300, 300});
+    Menu("Show File Info In ToolTip");
+    CHECK(Stored("ShowFileTips") == "0");
+    sim::setPointer(Processes(), RowPoint(one));
     CHECK(sim::tips().empty());
 
-    desk.Exit();
-    desk.Begin();
-    CHECK(desk.Cell(one, 0) == "One");
-    CHECK_FALSE(desk.form_->ToolBar2().IsChecked(app::button2::kFileTips));
+    Exit();
+    Begin();
+    CHECK(Cell(one, 0) == "One");
+    CHECK_FALSE(form->ToolBar2().IsChecked(app::button2::kFileTips));
 }
 
-TEST_CASE("By keyboard alone: the menu, the chooser, the buttons") {
-    Desk desk;
-    const ProcessId one = Machine::Run("C:\\Apps\\one.exe");
-    desk.Begin();
-    desk.Select({one});
-    desk.form_->ProcessList().focus();
-    bool asked = false;
-    sim::whenMenu([&](const std::vector<platform::MenuItem>& items) {
-        asked = true;
-        CHECK(items.size() == 11);
-        return app::command::kAddToFavorites;
-    });
-    sim::pressKey(platform::key::kApps);
-    CHECK(asked);
-    CHECK(desk.form_->FavoritesListControl().ListCount() == 1);
-
-    desk.form_->Priority().SelectItem(0);
-    desk.form_->Priority().focus();
-    sim::pressKey(platform::key::kDown);
-    CHECK(desk.form_->Priority().GetIndex() == 1);
-    platform::Window* refresh = sim::findWindow("File List Refresh");
-    REQUIRE(refresh != nullptr);
-    refresh->focus();
-    sim::clearLog();
-    sim::pressKey(platform::key::kSpace);
-    CHECK(sim::focusedWindow() == &desk.form_->ProcessList());
+TEST_CASE_FIXTURE(Desk, "By keyboard alone: the menu, the chooser, the buttons") {
+    Begin();
+    Select({one});
+    Processes().focus();
+    ChooseNext("Add Selected To Favorites");
+    sim::pressKey(key::kApps);
+    CHECK(Favorites().ListCount() == 1);
+    form->Priority().SelectItem(0);
+    form->Priority().focus();
+    sim::pressKey(key::kDown);
+    CHECK(form->Priority().GetIndex() == 1);
+    sim::findWindow("File List Refresh")->focus();
+    sim::pressKey(key::kSpace);
+    CHECK(sim::focusedWindow() == &Processes());
+    for (const char* topmost : {"setTopmost Kestrum 2 1", "setTopmost Kestrum 2 0"}) {
+        ClickButton(app::button::kAlwaysOnTop);
+        CHECK(Logged(topmost) == 1);
+    }
 }

@@ -1,159 +1,143 @@
 #include "AppFixture.h"
-#include "app/MainToolBars.h"
 
 using namespace apptest;
 
 namespace {
 
 int CountAsked(std::uint32_t access) {
-    int count = 0;
-    for (const std::uint32_t asked : sim::accessesAsked()) count += asked == access;
-    return count;
+    const std::vector<std::uint32_t> asked = sim::accessesAsked();
+    return static_cast<int>(std::count(asked.begin(), asked.end(), access));
 }
+
+struct Crowd : Machine {
+    void StartWith(int programs) {
+        for (int i = 0; i < programs; ++i) Run("C:\\Apps\\p" + std::to_string(i) + ".exe");
+        Start();
+        Tick(6);
+    }
+};
 
 }  // namespace
 
-TEST_CASE("The process list shows each process's name, affinity, class, id, load and memory") {
-    Machine machine;
-    const auto busy = Machine::Run("C:\\Apps\\BUSY.EXE", 1.0);
-    sim::findProcess(busy)->affinityMask = 0x5;
-    sim::findProcess(busy)->priorityClass = 0x8000;
+TEST_CASE_FIXTURE(Machine, "The process list shows each process's name, affinity, class, id, load and memory") {
+    const ProcessId busy = Run("C:\\Apps\\BUSY.EXE", 1.0);
+    MaskOf(busy) = 0x5;
+    ClassOf(busy) = 0x8000;
     sim::findProcess(busy)->workingSet = 12'345 * 1024;
-    const auto native = Machine::Run("C:\\WINDOWS\\System32\\smss.exe");
+    const ProcessId native = Run("C:\\WINDOWS\\System32\\smss.exe");
     sim::findProcess(native)->path = "\\SystemRoot\\System32\\smss.exe";
-    const auto denied = Machine::Run("C:\\Apps\\denied.exe");
+    const ProcessId denied = Run("C:\\Apps\\denied.exe");
     sim::findProcess(denied)->deniedRights = 0x10;
-    machine.Start();
+    Start();
 
-    CHECK(machine.Cell(busy, 0) == "Busy.exe");
-    CHECK(machine.Cell(busy, 1) == "02");
-    CHECK(machine.Cell(busy, 2) == "Above");
-    CHECK(machine.Cell(busy, 5) == "12,345");
-    CHECK(machine.Cell(native, 0) == "Smss.exe");
-    CHECK(machine.RowOf(denied) == -1);
-    CHECK(machine.RowOf(4) == -1);
-    CHECK(machine.RowOf(platform::currentProcessId()) >= 0);
-    CHECK(machine.form->Status().Processes() == "Processes: 3 of 4");
+    CHECK(Cell(busy, 0) == "Busy.exe");
+    CHECK(Cell(busy, 1) == "02");
+    CHECK(Cell(busy, 2) == "Above");
+    CHECK(Cell(busy, 5) == "12,345");
+    CHECK(Cell(native, 0) == "Smss.exe");
+    CHECK(RowOf(denied) == -1);
+    CHECK(RowOf(4) == -1);
+    CHECK(RowOf(platform::currentProcessId()) >= 0);
+    CHECK(form->Status().Processes() == "Processes: 3 of 4");
 
-    Machine::Tick(5);
-    CHECK(machine.Cell(busy, 4) == "25");  // one of four processors
-    CHECK(machine.Cell(native, 4) == "00");
+    Tick(5);
+    CHECK(Cell(busy, 4) == "25");  // one of four processors
+    CHECK(Cell(native, 4) == "00");
 }
 
-TEST_CASE("A change of the process set gives three full rebuilds, then only fast updates") {
-    Machine machine;
-    for (int i = 0; i < 5; ++i) Machine::Run("C:\\Apps\\p" + std::to_string(i) + ".exe");
-    machine.Start();
-    Machine::Tick(6);
-    const int shown = machine.form->ProcessList().ListCount();
-
+TEST_CASE_FIXTURE(Crowd, "A change of the process set gives three full rebuilds, then only fast updates") {
+    StartWith(5);
+    const int shown = Processes().ListCount();
     sim::clearLog();
-    Machine::Tick();
+    Tick();
     CHECK(CountAsked(0x400) == shown);  // times
     CHECK(CountAsked(0x410) == shown);  // working set
 
-    const auto late = Machine::Run("C:\\Apps\\late.exe");
+    const ProcessId late = Run("C:\\Apps\\late.exe");
     for (int tick = 0; tick < 3; ++tick) {
         sim::clearLog();
-        Machine::Tick();
+        Tick();
         CHECK(CountAsked(0x410) > 2 * shown);  // path and affinity as well
     }
-    CHECK(machine.RowOf(late) >= 0);
+    CHECK(RowOf(late) >= 0);
     sim::clearLog();
-    Machine::Tick();
+    Tick();
     CHECK(CountAsked(0x410) == shown + 1);
 
-    SUBCASE("values that only a rebuild reads stay until the next one") {
-        sim::findProcess(late)->priorityClass = 0x80;
-        Machine::Tick(2);
-        CHECK(machine.Cell(late, 2) == "Normal");
-        Machine::Run("C:\\Apps\\another.exe");
-        Machine::Tick();
-        CHECK(machine.Cell(late, 2) == "High");
+    // What only a rebuild reads stays until the next one, which the user can ask for.
+    ClassOf(late) = kHigh;
+    Tick(2);
+    CHECK(Cell(late, 2) == "Normal");
+    SUBCASE("another program comes") {
+        Run("C:\\Apps\\another.exe");
     }
+    SUBCASE("F5") {
+        Processes().focus();
+        sim::pressKey(key::kF5);
+    }
+    Tick();
+    CHECK(Cell(late, 2) == "High");
 }
 
-TEST_CASE("A selection follows its process, and row 0 takes over when that ends") {
-    Machine machine;
-    const auto one = Machine::Run("C:\\Apps\\one.exe");
-    const auto two = Machine::Run("C:\\Apps\\two.exe");
-    sim::findProcess(one)->affinityMask = 0x3;
-    app::Form1& form = machine.Start();
-    controls::UcList1& list = form.ProcessList();
-    for (int row = 0; row < list.ListCount(); ++row) list.SelectItem(row, false);
-    list.SelectItem(machine.RowOf(two), true);
-
-    Machine::Run("C:\\Apps\\aaa.exe");  // sorts before them
-    Machine::Tick();
-    CHECK(list.Selected(machine.RowOf(two)));
-    CHECK_FALSE(list.Selected(machine.RowOf(one)));
+TEST_CASE_FIXTURE(Machine, "A selection follows its process, and row 0 takes over when that ends") {
+    const ProcessId one = Run("C:\\Apps\\one.exe");
+    const ProcessId two = Run("C:\\Apps\\two.exe");
+    MaskOf(one) = 0x3;
+    Start();
+    Select({two});
+    Run("C:\\Apps\\aaa.exe");  // sorts before them
+    Tick();
+    CHECK(Processes().SelectedRows() == std::vector<int>{RowOf(two)});
 
     sim::endProcess(two);
     sim::findProcess(one)->path = "C:\\Apps\\aa.exe";
     sim::putFile("C:\\Apps\\aa.exe", "");
-    Machine::Tick();
-    CHECK(machine.RowOf(two) == -1);
-    CHECK(list.Selected(0));
-    CHECK(form.CpuAffinity().Text() == std::string(list.CellText(0, 1)));
+    Tick();
+    CHECK(RowOf(two) == -1);
+    CHECK(Processes().SelectedRows() == std::vector<int>{0});
+    CHECK(form->CpuAffinity().Text() == "01");
 }
 
-TEST_CASE("Refreshing repaints nothing that looks the same") {
-    Machine machine;
-    for (int i = 0; i < 40; ++i) Machine::Run("C:\\Apps\\p" + std::to_string(i) + ".exe");
-    const auto grows = Machine::Run("C:\\Apps\\p0a.exe");
-    app::Form1& form = machine.Start();
-    controls::UcList1& list = form.ProcessList();
-    Machine::Tick(6);
-    list.SetTopIndex(3);
-    Machine::Tick();
-    sim::paint(list);
-    const int top = list.TopIndex();
-
-    Machine::Tick();
-    CHECK(sim::invalidArea(list).empty());
-    CHECK(list.TopIndex() == top);
-
-    sim::findProcess(grows)->workingSet += 4096 * 1024;
-    sim::advance(500);
-    sim::run(0);
-    CHECK(list.TopIndex() == top);
-    CHECK(sim::invalidArea(form).empty());
+TEST_CASE_FIXTURE(Crowd, "The list stops at 256 rows, and refreshing repaints nothing that looks the same") {
+    StartWith(300);
+    CHECK(Processes().ListCount() == 256);
+    CHECK(form->Status().Processes() == "Processes: 256 of 301");
+    Processes().SetTopIndex(3);
+    Tick();
+    sim::paint(Processes());
+    const int top = Processes().TopIndex();
+    Tick();
+    CHECK(sim::invalidArea(Processes()).empty());
+    CHECK(sim::invalidArea(*form).empty());
+    CHECK(Processes().TopIndex() == top);
 }
 
-TEST_CASE("The list stops at 256 rows and the status line tells the true count") {
-    Machine machine;
-    for (int i = 0; i < 300; ++i) Machine::Run("C:\\Apps\\p" + std::to_string(i) + ".exe");
-    app::Form1& form = machine.Start();
-    Machine::Tick(5);
-    CHECK(form.ProcessList().ListCount() == 256);
-    CHECK(form.Status().Processes() == "Processes: 256 of 301");
-}
-
-TEST_CASE("A minimised window works only for Auto Set") {
-    Machine machine;
-    Machine::PutProfile("App.exe\t0\tHigh\tC:\\Apps\\app.exe\t\r\n");
+TEST_CASE_FIXTURE(Machine, "A minimised window works for Auto Set, and leaves the list alone") {
+    PutProfile("App.exe\t0\tHigh\tC:\\Apps\\app.exe\t\r\n");
     sim::putFile("C:\\Apps\\app.exe", "");
-    app::Form1& form = machine.Start();
-    Machine::Tick(5);
-    form.show(platform::ShowCommand::Minimize);
+    Store("AutoSet", "1");
+    Start();
+    Tick(5);
+    form->show(platform::ShowCommand::Minimize);
+    const int shown = Processes().ListCount();
+    const ProcessId app = Run("C:\\Apps\\app.exe");
+    Tick();
+    CHECK(ClassOf(app) == kHigh);
+    CHECK(MaskOf(app) == 1);
+    CHECK(Processes().ListCount() == shown);
+    Tick(5);
+    form->show(platform::ShowCommand::Restore);
+    CHECK(Cell(app, 2) == "High");
+}
 
-    SUBCASE("without it nothing is read") {
-        const auto app = Machine::Run("C:\\Apps\\app.exe");
-        sim::clearLog();
-        Machine::Tick(3);
-        CHECK(sim::accessesAsked().empty());
-        CHECK(sim::findProcess(app)->priorityClass == 0x20);
+TEST_CASE_FIXTURE(Machine, "Icons of programs that come and go under ever new names don't gather") {
+    Start();
+    for (int number = 0; number < 700; ++number) {
+        const ProcessId id = Run("C:\\Apps\\setup" + std::to_string(number) + ".exe");
+        Tick(2);
+        REQUIRE(RowOf(id) >= 0);
+        sim::endProcess(id);
+        Tick();
     }
-    SUBCASE("with it a new favourite is set and the list is left alone") {
-        machine.form->ToolBar1().SetChecked(app::button::kAutoSet, true);
-        const int shown = form.ProcessList().ListCount();
-        const auto app = Machine::Run("C:\\Apps\\app.exe");
-        Machine::Tick();
-        CHECK(sim::findProcess(app)->priorityClass == 0x80);
-        CHECK(sim::findProcess(app)->affinityMask == 1);
-        CHECK(form.ProcessList().ListCount() == shown);
-        Machine::Tick(5);
-        form.show(platform::ShowCommand::Restore);
-        CHECK(machine.Cell(app, 2) == "High");
-    }
+    CHECK(sim::openHandles("icon") < 400);
 }
