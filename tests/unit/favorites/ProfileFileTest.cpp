@@ -1,103 +1,84 @@
 #include "favorites/ProfileFile.h"
 
-#include <doctest/doctest.h>
-
+#include "FavoritesFixture.h"
 #include "platform/CodePage.h"
-#include "platform/sim/Sim.h"
 
-namespace sim = platform::sim;
-using favorites::Favorite;
+using namespace favoritestest;
 
 namespace {
 
-const std::string kPath = "C:\\Kestrum\\My Favs 1";
-const std::string kHeader = "[Kestrum 2 - Morvell Software 2010]\r\n";
+const std::string kPath = kBase + "My Favs 1";
 const std::string kGame = "C:\\Games\\Chess.exe";
 const std::string kGameLine = "Chess.exe\t01\tAbove\t" + kGame + "\t/fast now\r\n";
 const Favorite kGameRow{"Chess.exe", "01", "Above", kGame, "/fast now"};
 
-favorites::LoadedProfile Load(const std::string& content) {
-    sim::putFile(kPath, content);
-    return favorites::LoadProfile(kPath);
-}
-
-// What is in the file after it has been loaded and saved.
-std::string LoadedAndSaved(const std::string& content) {
-    CHECK(favorites::SaveProfile(kPath, Load(content).rows));
-    return sim::file(kPath).value_or("(no file)");
-}
+// A machine where that program exists.
+struct Disk {
+    Disk() {
+        sim::reset();
+        sim::putFile(kGame, "");
+    }
+    static favorites::LoadedProfile Load(const std::string& content) {
+        sim::putFile(kPath, content);
+        return favorites::LoadProfile(kPath);
+    }
+};
 
 }  // namespace
 
-TEST_CASE("a profile is written byte for byte, and comes back the same") {
-    sim::reset();
-    sim::putFile(kGame, "");
+TEST_CASE_FIXTURE(Disk, "a profile is written byte for byte, and comes back the same") {
     sim::putFile("D:\\a\\B.scr", "");
     const std::vector<Favorite> rows = {kGameRow, {"B.scr", "", "Default", "D:\\a\\B.scr", ""}};
     REQUIRE(favorites::SaveProfile(kPath, rows));
     CHECK(sim::file(kPath) == kHeader + kGameLine + "B.scr\t\tDefault\tD:\\a\\B.scr\t\r\n");
     CHECK(favorites::LoadProfile(kPath).rows == rows);
-}
 
-TEST_CASE("an empty profile has no file") {
-    sim::reset();
-    sim::putFile(kPath, kHeader + kGameLine);
-    CHECK(favorites::SaveProfile(kPath, {}));
+    // An empty one has no file.
+    CHECK(favorites::SaveProfile(kPath, Load(kHeader).rows));
     CHECK_FALSE(sim::file(kPath));
     CHECK(favorites::SaveProfile(kPath, {}));
-    CHECK(LoadedAndSaved(kHeader) == "(no file)");
-    const auto loaded = favorites::LoadProfile("C:\\Kestrum\\none");
-    CHECK(loaded.rows.empty());
-    CHECK(loaded.missing == 0);
-    CHECK_FALSE(loaded.unreadable);
+    const auto none = favorites::LoadProfile(kPath);
+    CHECK(none.rows.empty());
+    CHECK(none.missing == 0);
+    CHECK_FALSE(none.unreadable);
 }
 
-TEST_CASE("lines are taken as they come, and each is written back with its five columns") {
-    sim::reset();
-    sim::putFile(kGame, "");
+TEST_CASE_FIXTURE(Disk, "lines are taken as they come, and each is written back with its five columns") {
     sim::putFile("C:\\x", "");
     struct Case {
         const char* what;
         std::string content;
-        std::string saved;
+        std::string saved;  // behind the header
     };
     const std::string invalid = "B\xFF\xFE.exe\t01\tHigh\tC:\\B\xFF\xFE.exe\t-x \xC3\r\n";
+    const std::string bytes = "\x01\x80\t99\t?\t" + kGame + "\t\xFF\r\n";
+    const std::string nuls = std::string("a\0b\t0\0\tLow\t", 11) + kGame + std::string("\tp\0q\r\n", 6);
     const Case cases[] = {
-        {"the first line is skipped unchecked", kGameLine + kGameLine, kHeader + kGameLine},
-        {"no line end at the end", kHeader + kGameLine.substr(0, kGameLine.size() - 2), kHeader + kGameLine},
-        {"lone line feeds", "h\nChess.exe\t01\tAbove\t" + kGame + "\t/fast now\n", kHeader + kGameLine},
-        {"7 characters are ignored, 8 are not", kHeader + "\t\t\tC:\\x\r\n" + "\t\t\tC:\\x\t\r\n",
-         kHeader + "\t\t\tC:\\x\t\r\n"},
-        {"no parameter", kHeader + "C\t0\tLow\t" + kGame + "\r\n", kHeader + "C\t0\tLow\t" + kGame + "\t\r\n"},
-        {"more columns", kHeader + "C\t0\tLow\t" + kGame + "\tp\t7\tmore\r\n",
-         kHeader + "C\t0\tLow\t" + kGame + "\tp\r\n"},
-        {"any bytes around a path", kHeader + "\x01\x80\t99\t?\t" + kGame + "\t\xFF\r\n",
-         kHeader + "\x01\x80\t99\t?\t" + kGame + "\t\xFF\r\n"},
-        {"a path in another code page", kHeader + invalid + kGameLine, kHeader + invalid + kGameLine},
+        {"the first line is skipped unchecked", kGameLine + kGameLine, kGameLine},
+        {"no line end at the end", kHeader + kGameLine.substr(0, kGameLine.size() - 2), kGameLine},
+        {"lone line feeds", "h\nChess.exe\t01\tAbove\t" + kGame + "\t/fast now\n", kGameLine},
+        {"7 characters are ignored, 8 are not", "h\n\t\t\tC:\\x\r\n\t\t\tC:\\x\t\r\n", "\t\t\tC:\\x\t\r\n"},
+        {"no parameter", "h\nC\t0\tLow\t" + kGame + "\r\n", "C\t0\tLow\t" + kGame + "\t\r\n"},
+        {"more columns", "h\nC\t0\tLow\t" + kGame + "\tp\t7\tmore\r\n", "C\t0\tLow\t" + kGame + "\tp\r\n"},
+        {"any bytes around a path", kHeader + bytes + nuls, bytes + nuls},
+        {"a path in another code page", kHeader + invalid + kGameLine, invalid + kGameLine},
     };
     for (const Case& each : cases) {
         CAPTURE(each.what);
-        CHECK(LoadedAndSaved(each.content) == each.saved);
+        CHECK(favorites::SaveProfile(kPath, Load(each.content).rows));
+        CHECK(sim::file(kPath) == kHeader + each.saved);
         CHECK(favorites::LoadProfile(kPath).missing == 0);
     }
 }
 
-TEST_CASE("favourites whose program is gone are counted and named") {
-    sim::reset();
-    sim::putFile(kGame, "");
-    sim::putFolder("C:\\Folder.exe");
-    const auto loaded =
-        Load(kHeader + "Gone.exe\t0\tLow\tC:\\Gone.exe\t\r\n" + kGameLine + "F\t0\tLow\tC:\\Folder.exe\t\r\n" +
-             "no columns at all\r\n" + "x\t1\tHigh\tplain\t\r\n");
-    CHECK(loaded.rows == std::vector<Favorite>{kGameRow});
-    CHECK(loaded.missing == 4);
-    CHECK(loaded.missingNames == "Gone.exe, Folder.exe, , plain");
-    CHECK(favorites::MissingText(loaded.missing, loaded.missingNames) ==
-          "4 favorites not found and removed from current profile!\r\nGone.exe, Folder.exe, , plain");
-}
+TEST_CASE_FIXTURE(Disk, "favourites whose program is gone are counted, and named as far as a balloon goes") {
+    const auto few = Load(kHeader + "Gone.exe\t0\tLow\tC:\\Gone.exe\t\r\n" + kGameLine +
+                          "no columns at all\r\nx\t1\tHigh\tplain\t");
+    CHECK(few.rows == std::vector<Favorite>{kGameRow});
+    CHECK(few.missing == 3);
+    CHECK(favorites::MissingText(few.missing, few.missingNames) ==
+          "3 favorites not found and removed from current profile!\r\nGone.exe, , plain");
 
-TEST_CASE("the balloon's text is cut where a balloon ends, after a whole name or character") {
-    sim::reset();
     std::string lines;
     for (int i = 0; i < 200; ++i) lines += "N\t0\tLow\tC:\\Pr\xC3\xB6gram" + std::to_string(i) + ".exe\t\r\n";
     const auto many = Load(kHeader + lines);
@@ -108,6 +89,7 @@ TEST_CASE("the balloon's text is cut where a balloon ends, after a whole name or
     CHECK(text.size() > 200);
     CHECK(text.ends_with(".exe, ..."));
 
+    // It ends after a whole character where not even one name fits.
     std::string longName = "C:\\y";
     for (int i = 0; i < 300; ++i) longName += "\xC3\xB6";
     for (const char* odd : {"", "z"}) {
@@ -119,9 +101,7 @@ TEST_CASE("the balloon's text is cut where a balloon ends, after a whole name or
     }
 }
 
-TEST_CASE("damage does not reach the lines beside it") {
-    sim::reset();
-    sim::putFile(kGame, "");
+TEST_CASE_FIXTURE(Disk, "damage does not reach the lines beside it") {
     std::string noise;
     std::uint32_t seed = 12345;
     for (int i = 0; i < 20000; ++i) {
@@ -130,40 +110,7 @@ TEST_CASE("damage does not reach the lines beside it") {
     }
     const std::string nuls(5000, '\0');
     const std::string longLine(1 << 20, 'x');
-    SUBCASE("noise, NULs and long lines") {
-        const auto loaded = Load(kHeader + kGameLine + noise + "\r\n" + nuls + "\r\n" + kGameLine + longLine +
-                                 "\r\n" + "a\tb\tc\t" + longLine + "\td\r\n" + kGameLine);
-        int found = 0;
-        for (const Favorite& row : loaded.rows) found += row == kGameRow ? 1 : 0;
-        CHECK(found == 3);
-    }
-    SUBCASE("a header of noise") {
-        CHECK(Load(longLine + nuls + "\r\n" + kGameLine).rows.size() == 1);
-    }
-    SUBCASE("ten thousand favourites") {
-        std::string content = kHeader;
-        for (int i = 0; i < 10000; ++i) content += kGameLine;
-        CHECK(LoadedAndSaved(content) == content);
-    }
-    SUBCASE("NULs within columns") {
-        const std::string line = std::string("a\0b\t0\0\tLow\t", 11) + kGame + std::string("\tp\0q\r\n", 6);
-        CHECK(LoadedAndSaved(kHeader + line) == kHeader + line);
-    }
-}
-
-TEST_CASE("a profile on disk is the old one or the new one wherever saving stops") {
-    const std::string old = kHeader + kGameLine;
-    for (int steps = 0; steps <= 3; ++steps) {
-        for (const bool deleting : {false, true}) {
-            CAPTURE(steps);
-            CAPTURE(deleting);
-            sim::reset();
-            sim::putFile(kPath, old);
-            sim::stopFilesAfter(steps);
-            const std::vector<Favorite> rows(deleting ? 0U : 3U, kGameRow);
-            const bool saved = favorites::SaveProfile(kPath, rows);
-            const std::string wanted = deleting ? "(no file)" : favorites::FormatProfile(rows);
-            CHECK(sim::file(kPath).value_or("(no file)") == (saved ? wanted : old));
-        }
-    }
+    const auto loaded = Load(longLine + nuls + "\r\n" + kGameLine + noise + "\r\n" + nuls + "\r\n" + kGameLine +
+                             longLine + "\r\n" + "a\tb\tc\t" + longLine + "\td\r\n" + kGameLine);
+    CHECK(std::count(loaded.rows.begin(), loaded.rows.end(), kGameRow) == 3);
 }
