@@ -15,11 +15,14 @@ namespace {
 const std::string kBase = "C:\\Kestrum\\";
 const std::string kFile = kBase + "FileFilter";
 
+platform::Window& Control(const std::string& name) {
+    platform::Window* window = sim::findWindow(name);
+    REQUIRE_MESSAGE(window != nullptr, name);
+    return *window;
+}
 void Press(const std::string& button) {
-    platform::Window* window = sim::findWindow(button);
-    REQUIRE(window != nullptr);
-    const platform::Size size = window->clientSize();
-    sim::click(*window, {size.width / 2, size.height / 2});
+    const platform::Size size = Control(button).clientSize();
+    sim::click(Control(button), {size.width / 2, size.height / 2});
 }
 
 // A main window with a filter of three names, and a dialog over it.
@@ -31,15 +34,18 @@ struct Bench {
         REQUIRE(owner.create(spec));
         owner.show(platform::ShowCommand::Show);
         storage::CreateFolders(kBase);
-        sim::putFile(kFile, "a.exe\r\nb.exe\r\nc.exe\r\n");
         for (const char* path : {"C:\\a.exe", "C:\\New.exe", "C:\\one.scr", "C:\\x.txt"}) sim::putFile(path, "");
+        Load("a.exe\r\nb.exe\r\nc.exe\r\n");
+    }
+    void Load(const std::string& content) {
+        sim::putFile(kFile, content);
         filter.Load();
     }
     // Opens the dialog, has `script` use it, and closes it by Escape if it is still there.
     template <class Script>
     void Show(Script script) {
         sim::whenModal([&](platform::Window& dialog) {
-            list = dynamic_cast<controls::UcList1*>(sim::findWindow("UcFilter"));
+            list = dynamic_cast<controls::UcList1*>(&Control("UcFilter"));
             REQUIRE(list != nullptr);
             script(dialog);
             if (sim::findWindow("UcFilter") != nullptr) sim::pressKey(key::kEscape);
@@ -53,7 +59,7 @@ struct Bench {
     void ExpectMessage() {
         sim::whenModal([this](platform::Window& box) {
             for (const sim::Drawn& drawn : sim::paint(box, true)) {
-                if (drawn.what == "text") messages.push_back(box.text() + ": " + drawn.text);
+                if (drawn.what == "text") told += box.text() + ": " + drawn.text + "\n";
             }
             sim::pressKey(key::kEscape);
         });
@@ -71,6 +77,7 @@ struct Bench {
 
     struct Fresh {
         Fresh() { sim::reset(); }
+        ~Fresh() { CHECK(sim::openHandles() == 0); }
     } fresh;
     platform::Window owner;
     controls::MsgBoxes msgBoxes;
@@ -78,133 +85,111 @@ struct Bench {
     filter::FileFilter filter{kBase};
     controls::UcList1* list = nullptr;
     int changes = 0;
-    Names messages;
+    std::string told;
 };
 
 }  // namespace
 
-TEST_CASE("the dialog stands over its owner, kept on the screen, and ends as dialogs do") {
-    {
-        Bench bench;
-        bench.Show([&](platform::Window& dialog) {
-            const platform::Rect box = dialog.bounds(), over = bench.owner.bounds();
-            CHECK(std::abs(box.left + box.right - over.left - over.right) <= 1);
-            CHECK(std::abs(box.top + box.bottom - over.top - over.bottom) <= 1);
-            CHECK(bench.list->focused());
-            CHECK(bench.Rows() == Names{"a.exe", "b.exe", "c.exe"});
-            CHECK(sim::findWindow("Filters:3") != nullptr);
-            for (const char* button : {"Browse For Files", "Close File Filter"}) {
-                CHECK(sim::findWindow(button)->enabled());
-            }
-            CHECK_FALSE(sim::findWindow("Remove a Filter")->enabled());  // nothing is selected
-            Press("Close File Filter");
-        });
-        bench.owner.setBounds({900, 600, 1300, 800});
-        bench.Show([&](platform::Window& dialog) {
-            const platform::Rect box = dialog.bounds();
-            CHECK(platform::nearestWorkArea(box).intersect(box) == box);
-            sim::closeBox(dialog);
-        });
-        CHECK(bench.changes == 0);
-        CHECK(Bench::Saved() == "a.exe\r\nb.exe\r\nc.exe\r\n");
-    }
-    CHECK(sim::openHandles() == 0);
+TEST_CASE_FIXTURE(Bench, "the dialog stands over its owner, kept on the screen, and ends as dialogs do") {
+    Show([&](platform::Window& dialog) {
+        const platform::Rect box = dialog.bounds(), over = owner.bounds();
+        CHECK(std::abs(box.left + box.right - over.left - over.right) <= 1);
+        CHECK(std::abs(box.top + box.bottom - over.top - over.bottom) <= 1);
+        CHECK(list->focused());
+        CHECK(Rows() == Names{"a.exe", "b.exe", "c.exe"});
+        CHECK_FALSE(Control("Remove a Filter").enabled());  // nothing is selected
+        Press("Close File Filter");
+    });
+    owner.setBounds({900, 600, 1300, 800});
+    Show([&](platform::Window& dialog) {
+        const platform::Rect box = dialog.bounds();
+        CHECK(platform::nearestWorkArea(box).intersect(box) == box);
+        sim::closeBox(dialog);
+    });
+    CHECK(changes == 0);
+    CHECK(Saved() == "a.exe\r\nb.exe\r\nc.exe\r\n");
 }
 
-TEST_CASE("files are added by browsing and by dropping them") {
-    Bench bench;
-    bench.Show([&](platform::Window&) {
+TEST_CASE_FIXTURE(Bench, "files are added by browsing and by dropping them, and show their icons") {
+    Show([&](platform::Window&) {
         Press("Browse For Files");  // cancelled
-        CHECK(bench.changes == 0);
+        CHECK(changes == 0);
         sim::whenChoosingFile("C:\\New.exe");
         Press("Browse For Files");
-        CHECK(bench.Rows() == Names{"a.exe", "b.exe", "c.exe", "New.exe"});
-        CHECK(Bench::Saved() == "a.exe\r\nb.exe\r\nc.exe\r\nNew.exe\r\n");
-        CHECK(bench.changes == 1);
-        CHECK(sim::findWindow("Filters:4") != nullptr);
-        CHECK_FALSE(bench.list->Selected(3));
-
-        // Several files, one message of each kind; what is good is added.
-        bench.ExpectMessage();
-        bench.ExpectMessage();
-        sim::dropFiles(*bench.list, {"C:\\a.exe", "C:\\x.txt", "C:\\New.exe", "C:\\gone.exe", "C:\\one.scr"});
-        CHECK(bench.filter.Count() == 5);
-        CHECK(bench.filter.Contains("one.scr"));
-        CHECK(sim::focusedWindow() == sim::findWindow("Browse For Files"));  // back from the messages
-    });
-    std::string told;
-    for (const std::string& line : bench.messages) told += line + '\n';
-    CHECK(told.find("Kestrum - Info: Files must have an extension of \".Exe\" or \".Scr\"\n") == 0);
-    CHECK(told.find("already in your filter list.") != std::string::npos);
-    CHECK(sim::sounds().size() == 2);
-}
-
-TEST_CASE("what is selected is removed, whatever the order shown, until nothing is left") {
-    Bench bench;
-    bench.Show([&](platform::Window&) {
-        sim::pressKey(key::kDelete);
-        CHECK(bench.filter.Count() == 3);
-        sim::click(*bench.list, {20, 5});
-        sim::click(*bench.list, {20, 5});  // the header: descending
-        REQUIRE(bench.Rows() == Names{"c.exe", "b.exe", "a.exe"});
-        bench.Click(0);
-        Press("Remove a Filter");
-        CHECK(Bench::Saved() == "a.exe\r\nb.exe\r\n");
-        CHECK(bench.Rows() == Names{"b.exe", "a.exe"});
-        CHECK_FALSE(sim::findWindow("Remove a Filter")->enabled());
-        CHECK(bench.list->focused());
-
-        sim::pressKey(key::kHome);
-        sim::pressKey(key::kDelete);
-        CHECK(bench.Rows() == Names{"a.exe"});
-        sim::pressKey('A', {.ctrl = true});
-        sim::pressKey(key::kDelete);
-        CHECK(Bench::Saved() == "(no file)");
-        CHECK(sim::findWindow("Filters:0") != nullptr);
-        CHECK(bench.changes == 3);
-    });
-}
-
-TEST_CASE("the keyboard reaches everything, and a long list stays where it is") {
-    Bench bench;
-    std::string content = "tab\tbed.exe\r\n";
-    for (int i = 100; i < 300; ++i) content += "p" + std::to_string(i) + ".exe\r\n";
-    sim::putFile(kFile, content);
-    bench.filter.Load();
-    bench.Show([&](platform::Window&) {
-        bench.Click(2);
-        for (const char* button : {"Browse For Files", "Remove a Filter", "Close File Filter", "UcFilter"}) {
-            sim::pressKey(key::kTab);
-            CHECK(sim::focusedWindow() == sim::findWindow(button));
-        }
-        sim::whenChoosingFile("C:\\New.exe");
-        sim::pressKey(0x2D);                 // Insert
-        CHECK(bench.list->TopIndex() == 0);  // the new row is in sight already
-
-        sim::whenChoosingFile("C:\\one.scr");
-        sim::pressKey(key::kEnd);
-        sim::pressKey(key::kDelete);  // the name with a tab, not the first one
-        CHECK_FALSE(bench.filter.Contains("tab\tbed.exe"));
-        CHECK(bench.filter.Contains("New.exe"));
-        CHECK(bench.list->TopIndex() > 100);
-        sim::pressKey(0x2D);
-        CHECK(bench.list->TopIndex() < 10);  // scrolled to it
-    });
-}
-
-TEST_CASE("rows show the icons kept for their names, buttons explain themselves") {
-    Bench bench;
-    bench.filter.AddFilter("C:\\New.exe");
-    bench.Show([&](platform::Window&) {
+        CHECK(Saved() == "a.exe\r\nb.exe\r\nc.exe\r\nNew.exe\r\n");
+        CHECK(changes == 1);
+        Control("Filters:4");
+        CHECK_FALSE(list->Selected(3));
         std::vector<std::uintptr_t> icons;
-        for (const sim::Drawn& drawn : sim::paint(*bench.list, true)) {
+        for (const sim::Drawn& drawn : sim::paint(*list, true)) {
             if (drawn.what == "picture") icons.push_back(drawn.object);
         }
         REQUIRE(icons.size() == 4);
         CHECK(icons[0] == icons[1]);  // the default icon
         CHECK(icons[3] != icons[0]);
-        sim::setPointer(*sim::findWindow("Browse For Files"), {5, 5});
+        sim::setPointer(Control("Close File Filter"), {5, 5});
         REQUIRE(sim::tips().size() == 1);
-        CHECK(sim::tips()[0].title + "|" + sim::tips()[0].text == "Browse For Files|Add a file name to filter.");
+        CHECK(sim::tips()[0].title + "|" + sim::tips()[0].text == "Close File Filter|Exit File Filter.");
+
+        // Several files, one message of each kind; what is good is added.
+        ExpectMessage();
+        ExpectMessage();
+        sim::dropFiles(*list, {"C:\\a.exe", "C:\\x.txt", "C:\\New.exe", "C:\\gone.exe", "C:\\one.scr"});
+        CHECK(Rows() == Names{"a.exe", "b.exe", "c.exe", "New.exe", "One.scr"});
+        CHECK(sim::focusedWindow() == &Control("Browse For Files"));  // back from the messages
+    });
+    CHECK(told.find("Kestrum - Info: Files must have an extension of \".Exe\" or \".Scr\"\n") == 0);
+    CHECK(told.find("already in your filter list.") != std::string::npos);
+    CHECK(sim::sounds().size() == 2);
+}
+
+TEST_CASE_FIXTURE(Bench, "what is selected is removed, whatever the order shown, until nothing is left") {
+    Show([&](platform::Window&) {
+        sim::pressKey(key::kDelete);
+        CHECK(filter.Count() == 3);
+        sim::click(*list, {20, 5});
+        sim::click(*list, {20, 5});  // the header: descending
+        REQUIRE(Rows() == Names{"c.exe", "b.exe", "a.exe"});
+        Click(0);
+        Press("Remove a Filter");
+        CHECK(Saved() == "a.exe\r\nb.exe\r\n");
+        CHECK(Rows() == Names{"b.exe", "a.exe"});
+        CHECK_FALSE(Control("Remove a Filter").enabled());
+        CHECK(list->focused());
+
+        sim::pressKey(key::kHome);
+        sim::pressKey(key::kDelete);
+        CHECK(Rows() == Names{"a.exe"});
+        sim::pressKey('A', {.ctrl = true});
+        sim::pressKey(key::kDelete);
+        CHECK(Saved() == "(no file)");
+        Control("Filters:0");
+        CHECK(changes == 3);
+    });
+}
+
+TEST_CASE_FIXTURE(Bench, "the keyboard reaches everything, and a long list stays where it is") {
+    std::string content = "tab\tbed.exe\r\n";
+    for (int i = 100; i < 300; ++i) content += "p" + std::to_string(i) + ".exe\r\n";
+    Load(content);
+    Show([&](platform::Window& dialog) {
+        Click(2);
+        for (const char* button : {"Browse For Files", "Remove a Filter", "Close File Filter", "UcFilter"}) {
+            sim::pressKey(key::kTab);
+            dialog.focus();  // the user comes back to the frame: it belongs to the control that had it
+            CHECK(sim::focusedWindow() == &Control(button));
+        }
+        sim::whenChoosingFile("C:\\New.exe");
+        sim::pressKey(0x2D);           // Insert
+        CHECK(list->TopIndex() == 0);  // the new row is in sight already
+
+        sim::whenChoosingFile("C:\\one.scr");
+        sim::pressKey(key::kEnd);
+        sim::pressKey(key::kDelete);  // the name with a tab, not the first one
+        CHECK_FALSE(filter.Contains("tab\tbed.exe"));
+        CHECK(filter.Contains("New.exe"));
+        CHECK(list->TopIndex() > 100);
+        sim::pressKey(0x2D);
+        CHECK(list->TopIndex() < 10);  // scrolled to it
     });
 }
