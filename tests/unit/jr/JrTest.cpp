@@ -42,10 +42,9 @@ struct Machine {
             }
         }
     }
-    jr::JrForm& Start(const std::string& arguments = "/My Favs 3") {
+    void Start(const std::string& arguments = "/My Favs 3") {
         form = std::make_unique<jr::JrForm>();
         REQUIRE(form->Start(arguments));
-        return *form;
     }
     static platform::ProcessId Run(const char* path) {
         sim::Process process;
@@ -53,14 +52,15 @@ struct Machine {
         return sim::addProcess(process);
     }
     static void Tick(int count = 1) { sim::run(500U * static_cast<std::uint32_t>(count)); }
-    static std::uint32_t ClassOf(platform::ProcessId id) { return sim::findProcess(id)->priorityClass; }
+    static std::uint32_t& ClassOf(platform::ProcessId id) { return sim::findProcess(id)->priorityClass; }
+    static std::uint32_t MaskOf(platform::ProcessId id) { return sim::findProcess(id)->affinityMask; }
     static void Choose(int command) {
         sim::whenMenu([command](const std::vector<platform::MenuItem>&) { return command; });
         sim::trayEvent(platform::TrayEvent::RightUp);
     }
     // As the main program does it when the two change places.
-    static void AskToClose(const jr::JrForm& form) {
-        platform::postClose(form.native());
+    void AskToClose() const {
+        platform::postClose(form->native());
         platform::pumpMessages();
     }
     static std::string Tip() { return sim::trayIcons().empty() ? "(no icon)" : sim::trayIcons()[0].tip; }
@@ -74,108 +74,86 @@ TEST_CASE("the command line: both spellings are understood, and nothing else") {
     sim::reset();
     CHECK(favorites::FormatJrTask({3, 0}) == "/My Favs 3");
     CHECK(favorites::FormatJrTask({3, 60}) == "/My Favs 3 /Enforce 60");
-
     CHECK(favorites::ParseJrTask(" /My Favs 3") == JrTask{3, 0});
     CHECK(favorites::ParseJrTask(" /My Favs 3 /Enforce 30") == JrTask{3, 30});  // as the run list has it
     CHECK(favorites::ParseJrTask("/my favs 5  /ENFORCE  32767 ") == JrTask{5, 32767});
-    for (const char* wrong : {"",
-                              " ",
-                              "/",
-                              "My Favs 1",
-                              "/My Favs",
-                              "/My Favs 0",
-                              "/My Favs 6",
-                              "/My Favs 12",
-                              "/My Favs 3x",
-                              "/My Favs 3/Enforce 60",
-                              "/My Favs 3 /Enforce",
-                              "/My Favs 3 /Enforce60",
-                              "/My Favs 3 /Enforce 0",
-                              "/My Favs 3 /Enforce -5",
-                              "/My Favs 3 /Enforce 32768",
-                              "/My Favs 3 /Enforce 99999999999999999999",
-                              "/My Favs 3 /Enforce 60 x",
-                              "/My Favs 3 60",
-                              "/Enforce 60",
-                              "/My Favs 3 /Enforce soon"}) {
-        CAPTURE(wrong);
-        CHECK_FALSE(favorites::ParseJrTask(wrong));
+    for (const char* profile : {"", "/", "My Favs 1", "/My Favs", "/My Favs 0", "/My Favs 6", "/My Favs 12",
+                                "/My Favs 3x", "/My Favs 3 60", "/My Favs 3/Enforce 60", "/Enforce 60"}) {
+        CAPTURE(profile);
+        CHECK_FALSE(favorites::ParseJrTask(profile));
+    }
+    for (const char* interval : {"", "60", " 0", " -5", " 32768", " 99999999999999999999", " 60 x", " soon"}) {
+        CAPTURE(interval);
+        CHECK_FALSE(favorites::ParseJrTask(std::string("/My Favs 3 /Enforce") + interval));
     }
 }
 
-TEST_CASE("wrong arguments: one message says what is expected, and nothing is started") {
-    Machine machine;
-    const auto game = Machine::Run(kGame);
+TEST_CASE_FIXTURE(Machine, "wrong arguments: one message says what is expected, and nothing is started") {
+    const auto game = Run(kGame);
     int messages = 0;
     sim::whenModal([&](platform::Window& dialog) {
         ++messages;
         CHECK(dialog.text() == "Kestrum Jr.");
         sim::closeBox(dialog);
     });
-    machine.form = std::make_unique<jr::JrForm>();
-    CHECK_FALSE(machine.form->Start("/My Favs 7"));
+    form = std::make_unique<jr::JrForm>();
+    CHECK_FALSE(form->Start("/My Favs 7"));
     CHECK(messages == 1);
-    CHECK_FALSE(machine.form->exists());
+    CHECK_FALSE(form->exists());
     CHECK(sim::trayIcons().empty());
-    CHECK(Machine::ClassOf(game) == kNormal);
+    CHECK(ClassOf(game) == kNormal);
 }
 
-TEST_CASE("favourites are set at the start, as they come, and for their first moments") {
-    Machine machine;
-    const auto before = Machine::Run(kGame);
-    const jr::JrForm& form = machine.Start();
-    CHECK(form.text() == "  Kestrum Jr.");
-    CHECK_FALSE(form.visible());
-    CHECK(Machine::ClassOf(before) == kHigh);
-    CHECK(sim::findProcess(before)->affinityMask == 3);
+TEST_CASE_FIXTURE(Machine, "favourites are set at the start, as they come, and for their first moments") {
+    const auto before = Run(kGame);
+    Start();
+    CHECK(form->text() == "  Kestrum Jr.");
+    CHECK_FALSE(form->visible());
+    CHECK(ClassOf(before) == kHigh);
+    CHECK(MaskOf(before) == 3);
 
-    Machine::Tick(6);
-    const auto late = Machine::Run(kGame);
-    Machine::Tick(2);
-    CHECK(Machine::ClassOf(late) == kHigh);
-    sim::findProcess(late)->priorityClass = kNormal;
-    Machine::Tick();
-    CHECK(Machine::ClassOf(late) == kHigh);
-    Machine::Tick(3);
-    sim::findProcess(late)->priorityClass = kNormal;
-    Machine::Tick(200);  // without Enforce it is left alone from now on
-    CHECK(Machine::ClassOf(late) == kNormal);
+    Tick(6);
+    const auto late = Run(kGame);
+    Tick(2);
+    CHECK(ClassOf(late) == kHigh);
+    ClassOf(late) = kNormal;
+    Tick();
+    CHECK(ClassOf(late) == kHigh);
+    Tick(3);
+    ClassOf(late) = kNormal;
+    Tick(200);  // without Enforce it is left alone from now on
+    CHECK(ClassOf(late) == kNormal);
 }
 
-TEST_CASE("Enforce sets them again at its interval, measured from the last time") {
-    Machine machine;
-    const auto game = Machine::Run(kGame);
-    machine.Start("/My Favs 3 /Enforce 30");
-    CHECK(Machine::Tip() == "Kestrum Jr. - My Favs 3, Enforce every 30 seconds");
-    Machine::Tick(3);  // the settling of the start
+TEST_CASE_FIXTURE(Machine, "Enforce sets them again at its interval, measured from the last time") {
+    const auto game = Run(kGame);
+    Start("/My Favs 3 /Enforce 30");
+    Tick(3);  // the settling of the start
     const auto ticksUntilSet = [&] {
-        sim::findProcess(game)->priorityClass = kNormal;
+        ClassOf(game) = kNormal;
         int ticks = 0;
-        while (Machine::ClassOf(game) == kNormal && ++ticks < 100) Machine::Tick();
+        while (ClassOf(game) == kNormal && ++ticks < 100) Tick();
         return ticks;
     };
     ticksUntilSet();
     CHECK(ticksUntilSet() == 60);
-    Machine::Tick(40);
-    Machine::Choose(jr::command::kSetNow);
+    Tick(40);
+    Choose(jr::command::kSetNow);
     CHECK(ticksUntilSet() == 60);
 }
 
-TEST_CASE("the profile is followed while its file is replaced, emptied, locked and deleted") {
-    Machine machine;
-    const auto game = Machine::Run(kGame);
-    const auto tool = Machine::Run(kTool);
-    machine.Start();
-    Machine::Tick(5);
-    CHECK(sim::findProcess(tool)->affinityMask == 0xF);
-
+TEST_CASE_FIXTURE(Machine, "the profile is followed while its file is replaced, emptied, locked and deleted") {
+    const auto game = Run(kGame);
+    const auto tool = Run(kTool);
+    Start();
+    Tick(5);
+    CHECK(MaskOf(tool) == 0xF);
     SUBCASE("replaced: programs that run already are set, too") {
         sim::putFile(kProfile3, Profile(kGameLine + kToolLine));
-        Machine::Tick();
-        CHECK(sim::findProcess(tool)->affinityMask == 4);
+        Tick();
+        CHECK(MaskOf(tool) == 4);
     }
     SUBCASE("deleted or emptied, it sets nothing; back again, it does") {
-        std::string kept = Profile(kGameLine);
         SUBCASE("deleted") {
             CHECK(platform::deleteFile(kProfile3));
         }
@@ -186,145 +164,128 @@ TEST_CASE("the profile is followed while its file is replaced, emptied, locked a
             sim::putFile(kProfile3, Profile(""));
         }
         sim::clearLog();
-        sim::findProcess(game)->priorityClass = kNormal;
-        const auto late = Machine::Run(kGame);
-        Machine::Tick(10);
-        CHECK(Machine::ClassOf(late) == kNormal);
-        CHECK(Machine::ClassOf(game) == kNormal);
-        if (!sim::file(kProfile3)) CHECK(Machine::Tip() == "Kestrum Jr. - My Favs 3 (Empty), Enforce off");
-
-        sim::putFile(kProfile3, kept);
-        Machine::Tick();
-        CHECK(Machine::ClassOf(late) == kHigh);
-        CHECK(Machine::Tip() == "Kestrum Jr. - My Favs 3, Enforce off");
+        ClassOf(game) = kNormal;
+        const auto late = Run(kGame);
+        Tick(10);
+        CHECK(ClassOf(late) == kNormal);
+        CHECK(ClassOf(game) == kNormal);
+        if (!sim::file(kProfile3)) CHECK(Tip() == "Kestrum Jr. - My Favs 3 (Empty), Enforce off");
+        sim::putFile(kProfile3, Profile(kGameLine));
+        Tick();
+        CHECK(ClassOf(late) == kHigh);
+        CHECK(Tip() == "Kestrum Jr. - My Favs 3, Enforce off");
     }
     SUBCASE("unreadable: the last favourites stay, until it can be read") {
         sim::putFile(kProfile3, Profile(kToolLine));
         sim::setUnreadable(kProfile3, true);
-        const auto late = Machine::Run(kGame);
-        Machine::Tick(10);
-        CHECK(Machine::ClassOf(late) == kHigh);
-        CHECK(sim::findProcess(tool)->affinityMask == 0xF);
+        const auto late = Run(kGame);
+        Tick(10);
+        CHECK(ClassOf(late) == kHigh);
+        CHECK(MaskOf(tool) == 0xF);
         sim::setUnreadable(kProfile3, false);
-        Machine::Tick();
-        CHECK(sim::findProcess(tool)->affinityMask == 4);
+        Tick();
+        CHECK(MaskOf(tool) == 4);
     }
 }
 
-TEST_CASE("the menu: five profiles of which one is checked, each at hand") {
-    Machine machine;
-    const auto tool = Machine::Run(kTool);
-    machine.Start("/My Favs 3 /Enforce 60");
-    sim::whenMenu([](const std::vector<platform::MenuItem>& items) {
-        std::vector<std::string> texts;
-        for (const platform::MenuItem& item : items) {
-            texts.push_back(item.text + (item.checked ? " *" : ""));
-        }
-        CHECK(texts == std::vector<std::string>{"Set Now", "", "My Favs 1 (Empty)", "My Favs 2 (Empty)",
-                                                "My Favs 3 *", "My Favs 4", "My Favs 5 (Empty)", "",
-                                                "Open Kestrum 2", "Exit"});
+TEST_CASE_FIXTURE(Machine, "the menu: five profiles of which one is checked, each at hand") {
+    const auto tool = Run(kTool);
+    Start("/My Favs 3 /Enforce 60");
+    std::string texts;
+    sim::whenMenu([&](const std::vector<platform::MenuItem>& items) {
+        for (const platform::MenuItem& item : items) texts += item.text + (item.checked ? "*|" : "|");
         return jr::command::kProfile + 4;
     });
     sim::trayEvent(platform::TrayEvent::LeftUp);
-    CHECK(sim::findProcess(tool)->affinityMask == 4);
-    CHECK(Machine::Tip() == "Kestrum Jr. - My Favs 4, Enforce every 60 seconds");
+    CHECK(texts ==
+          "Set Now||My Favs 1 (Empty)|My Favs 2 (Empty)|My Favs 3*|My Favs 4|My Favs 5 (Empty)||"
+          "Open Kestrum 2|Exit|");
+    CHECK(MaskOf(tool) == 4);
+    CHECK(Tip() == "Kestrum Jr. - My Favs 4, Enforce every 60 seconds");
 
     // Another profile that cannot be read has nothing of the one before.
     sim::putFile(kProfile3, Profile(kGameLine));
     sim::setUnreadable(kProfile3, true);
-    Machine::Choose(jr::command::kProfile + 3);
-    const auto second = Machine::Run(kTool);
-    Machine::Tick(5);
-    CHECK(sim::findProcess(second)->affinityMask == 0xF);
+    Choose(jr::command::kProfile + 3);
+    const auto second = Run(kTool);
+    Tick(5);
+    CHECK(MaskOf(second) == 0xF);
 }
 
-TEST_CASE("what refuses is told once, and again when the user asks") {
-    Machine machine;
-    sim::Process process;
-    process.path = kGame;
-    process.deniedRights = 0x200;
-    sim::addProcess(process);
-    machine.Start("/My Favs 3 /Enforce 10");
-    Machine::Tick(100);
+TEST_CASE_FIXTURE(Machine, "what refuses is told once, and again when the user asks") {
+    sim::findProcess(Run(kGame))->deniedRights = 0x200;
+    Start("/My Favs 3 /Enforce 10");
+    Tick(100);
     CHECK(sim::balloons().size() == 1);
-    Machine::Choose(jr::command::kSetNow);
+    Choose(jr::command::kSetNow);
     REQUIRE(sim::balloons().size() == 2);
     CHECK(sim::balloons()[1].title == "Kestrum Jr.");
     CHECK(sim::balloons()[1].text ==
           "Unable to make changes to some favorites.\r\nAffiniy Errors: 1\r\nPriority Errors :1");
 }
 
-TEST_CASE("the ways to its end leave nothing behind") {
-    Machine machine;
-    jr::JrForm& form = machine.Start();
-    CHECK(sim::trayIcons().size() == 1);
+TEST_CASE_FIXTURE(Machine, "the ways to its end leave nothing behind") {
+    Start();
     sim::restartShell();
     CHECK(sim::trayIcons().size() == 1);
-
     SUBCASE("asked to close by its window") {
-        Machine::AskToClose(form);
+        AskToClose();
     }
     SUBCASE("the session ends") {
         sim::endSession();
     }
     SUBCASE("Exit") {
-        Machine::Choose(jr::command::kExit);
+        Choose(jr::command::kExit);
     }
     SUBCASE("asked to close while its menu is open") {
         sim::whenMenu([&](const std::vector<platform::MenuItem>&) {
-            Machine::AskToClose(form);
+            AskToClose();
             return jr::command::kSetNow;
         });
         sim::trayEvent(platform::TrayEvent::RightUp);
     }
-    SUBCASE("the main program takes over") {
-        Machine::Choose(jr::command::kOpenMain);
-        REQUIRE(sim::launches().size() == 1);
-        CHECK(sim::launches()[0].file == "Kestrum2.exe");
-        CHECK_FALSE(sim::launches()[0].parameters);
-        CHECK(sim::launches()[0].folder == "C:\\Kestrum\\");
+    SUBCASE("the main program takes over, once it can be started") {
+        CHECK(platform::deleteFile("C:\\Kestrum\\Kestrum2.exe"));
+        sim::clearLog();
+        sim::whenModal([](platform::Window& dialog) {
+            sim::trayEvent(platform::TrayEvent::RightUp);  // no menu while a message is open
+            sim::closeBox(dialog);
+        });
+        Choose(jr::command::kOpenMain);
+        const auto game = Run(kGame);
+        Tick(2);
+        CHECK(ClassOf(game) == kHigh);
+        sim::putFile("C:\\Kestrum\\Kestrum2.exe", "");
+        Choose(jr::command::kOpenMain);
+        const sim::Launch launch = sim::launches().back();
+        CHECK(launch.file == "Kestrum2.exe");
+        CHECK_FALSE(launch.parameters);
+        CHECK(launch.folder == "C:\\Kestrum\\");
     }
-    CHECK_FALSE(form.exists());
+    CHECK_FALSE(form->exists());
     CHECK(sim::trayIcons().empty());
     CHECK(sim::quitCode() == 0);
     CHECK(sim::openHandles("mutex") == 0);
 }
 
-TEST_CASE("a main program that cannot be started leaves it running") {
-    Machine machine;
-    const jr::JrForm& form = machine.Start();
-    CHECK(platform::deleteFile("C:\\Kestrum\\Kestrum2.exe"));
-    sim::clearLog();
-    sim::whenModal([](platform::Window& dialog) {
-        sim::trayEvent(platform::TrayEvent::RightUp);  // no menu while a message is open
-        sim::closeBox(dialog);
-    });
-    Machine::Choose(jr::command::kOpenMain);
-    CHECK(form.exists());
-    const auto game = Machine::Run(kGame);
-    Machine::Tick(2);
-    CHECK(Machine::ClassOf(game) == kHigh);
-}
-
-TEST_CASE("a second copy sets nothing: it goes, or takes over when the first one does") {
-    Machine machine;
-    jr::JrForm& first = machine.Start("/My Favs 4");
+TEST_CASE_FIXTURE(Machine, "a second copy sets nothing: it goes, or takes over when the first one does") {
+    Start("/My Favs 4");
     jr::JrForm second;
     REQUIRE(second.Start("/My Favs 3"));
-    const auto game = Machine::Run(kGame);
+    const auto game = Run(kGame);
     CHECK(sim::trayIcons().size() == 1);
     SUBCASE("the first one stays") {
-        Machine::Tick(6);
+        Tick(6);
         CHECK_FALSE(second.exists());
-        CHECK(first.exists());
+        CHECK(form->exists());
         CHECK(sim::quitCode() == 0);
-        CHECK(Machine::ClassOf(game) == kNormal);
+        CHECK(ClassOf(game) == kNormal);
     }
     SUBCASE("the first one has been asked to close") {
-        Machine::AskToClose(first);
-        Machine::Tick(6);
+        AskToClose();
+        Tick(6);
         CHECK(second.exists());
-        CHECK(Machine::ClassOf(game) == kHigh);
-        CHECK(Machine::Tip() == "Kestrum Jr. - My Favs 3, Enforce off");
+        CHECK(ClassOf(game) == kHigh);
+        CHECK(Tip() == "Kestrum Jr. - My Favs 3, Enforce off");
     }
 }
