@@ -33,63 +33,49 @@ TEST_CASE("The load of a process is its share of all processors") {
     }
 }
 
-TEST_CASE("A meter goes on for the same process and starts anew for another") {
-    sim::reset();
-    const auto busy = Add(1);
-    const auto idle = Add(0);
-    process::clsProcessCpuUsage meter(0);
-    meter.SetPID(busy);
-    sim::advance(500);
-    meter.SetPID(busy);
-    CHECK(meter.GetCpuUsage() == doctest::Approx(100));
-    sim::advance(500);
-    meter.SetPID(idle);
-    sim::advance(500);
-    CHECK(meter.GetCpuUsage() == 0);
-    meter.SetPID(busy);
-    sim::advance(500);
-    CHECK(meter.GetCpuUsage() == doctest::Approx(100));
-}
-
 TEST_CASE("A meter bears what it cannot read") {
     sim::reset();
     const auto id = Add(1);
     process::clsProcessCpuUsage meter(0);
+    const auto readingAfter = [&meter](std::uint32_t milliseconds) {
+        sim::advance(milliseconds);
+        return meter.GetCpuUsage();
+    };
+    SUBCASE("another process starts anew, the same one goes on") {
+        meter.SetPID(id);
+        sim::advance(500);
+        meter.SetPID(id);
+        CHECK(meter.GetCpuUsage() == doctest::Approx(100));
+        sim::advance(500);
+        meter.SetPID(Add(0));
+        CHECK(readingAfter(500) == 0);
+    }
     SUBCASE("a process that is gone or denied reads 0") {
         sim::findProcess(id)->deniedRights = 0x400;
         meter.SetPID(id);
-        sim::advance(500);
-        CHECK(meter.GetCpuUsage() == 0);
+        CHECK(readingAfter(500) == 0);
         sim::endProcess(id);
-        sim::advance(500);
-        CHECK(meter.GetCpuUsage() == 0);
+        CHECK(readingAfter(500) == 0);
     }
-    SUBCASE("times that went back read below 0") {
+    SUBCASE("times that went back read below 0, those beyond 32 bits keep counting") {
         sim::findProcess(id)->user = 20'000'000;
-        meter.SetPID(id);
-        sim::findProcess(id)->user = 0;
-        sim::advance(500);
-        CHECK(meter.GetCpuUsage() < 0);
-    }
-    SUBCASE("times beyond 32 bits keep counting") {
         sim::findProcess(id)->kernel = 0xFFFFFFF0;
         meter.SetPID(id);
-        sim::advance(500);
-        CHECK(meter.GetCpuUsage() == doctest::Approx(100));
+        CHECK(readingAfter(500) == doctest::Approx(100));
+        sim::findProcess(id)->user = 0;
+        CHECK(readingAfter(500) < 0);
     }
     SUBCASE("what is used while the clock stands counts in the next reading") {
         sim::findProcess(id)->load = 0;
         meter.SetPID(id);
         sim::findProcess(id)->user += 5'000'000;
         CHECK(meter.GetCpuUsage() == 0);
-        sim::advance(1000);
-        CHECK(meter.GetCpuUsage() == doctest::Approx(50));
+        CHECK(readingAfter(1000) == doctest::Approx(50));
     }
     SUBCASE("no counter, no reading") {
         sim::setPerformanceFrequency(0);
         meter.SetPID(id);
-        sim::advance(500);
-        CHECK(meter.GetCpuUsage() == 0);
+        CHECK(readingAfter(500) == 0);
     }
     CHECK(sim::openHandles() == 0);
 }

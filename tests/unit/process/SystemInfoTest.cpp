@@ -29,8 +29,7 @@ TEST_CASE("The load of the machine is what its processors were not idle") {
         double load;
         int percent;
     } cases[] = {
-        {4, 0, 0},     {4, 2, 50},     {4, 4, 100},   {1, 1, 100},    {2, 0.5, 25}, {1, 0.004, 0},
-        {1, 0.005, 1}, {1, 0.0149, 1}, {1, 0.45, 45}, {8, 0.0392, 0}, {8, 0.04, 1}, {255, 127.5, 50},
+        {4, 0, 0}, {4, 2, 50}, {4, 4, 100}, {1, 0.005, 1}, {1, 0.0149, 1}, {8, 0.0392, 0}, {255, 127.5, 50},
     };
     for (const auto& one : cases) {
         sim::reset();
@@ -50,7 +49,7 @@ TEST_CASE("The load of the machine is what its processors were not idle") {
 TEST_CASE("A machine that tells nothing reads 0, and its next reading covers the gap") {
     sim::reset();
     const platform::ProcessId busy = AddLoad(4);
-    SUBCASE("figures refused for a while") {
+    SUBCASE("figures refused for a while, or a number of processors that does not fit") {
         process::clsCPUUsage usage;
         sim::advance(1000);
         sim::failSystemFigures(true);
@@ -59,15 +58,10 @@ TEST_CASE("A machine that tells nothing reads 0, and its next reading covers the
         sim::advance(3000);
         CHECK(usage.CurrentCPUUsage() == 0);
         sim::failSystemFigures(false);
-        CHECK(usage.CurrentCPUUsage() == 25);
-    }
-    SUBCASE("a number of processors that does not fit") {
-        process::clsCPUUsage usage;
-        sim::advance(1000);
         sim::setProcessorCount(0);
         CHECK(usage.CurrentCPUUsage() == 0);
         sim::setProcessorCount(4);
-        CHECK(usage.CurrentCPUUsage() == 100);
+        CHECK(usage.CurrentCPUUsage() == 25);
     }
     SUBCASE("figures refused at the beginning count from 0 on") {
         sim::failSystemFigures(true);
@@ -75,9 +69,6 @@ TEST_CASE("A machine that tells nothing reads 0, and its next reading covers the
         sim::failSystemFigures(false);
         sim::advance(1000);
         CHECK(usage.CurrentCPUUsage() == 100);
-        sim::findProcess(busy)->load = 1;
-        sim::advance(1000);
-        CHECK(usage.CurrentCPUUsage() == 25);
     }
 }
 
@@ -93,11 +84,10 @@ TEST_CASE("Physical memory in KB and percent") {
     } cases[] = {
         {1000 * kKb, 450 * kKb, 10'000'000, 4'500'000, 50, "450 of 1,000"},  // of 900
         {8'388'608 * kKb, 4'194'304 * kKb, 83'886'080'000, 41'943'040'000, 50, "4,194,304 of 8,388,608"},
-        {1000 * kKb, 0, 10'000'000, 0, 0, " of 1,000"},
-        {1100 * kKb, 996 * kKb, 11'000'000, 9'960'000, 100, "996 of 1,100"},
         {1536, 1, 15'000, 10, 0, " of 2"},
         {100 * kKb, 100 * kKb, 1'000'000, 1'000'000, 0, "100 of 100"},  // nothing to divide by
         {100 * kKb + 1, 100 * kKb, 1'000'010, 1'000'000, 32767, "100 of 100"},
+        {huge, huge / 2, most, most, 100, "922,337,203,685,478 of 922,337,203,685,478"},
         {0, 0, 0, 0, 0, " of "},
     };
     for (const auto& one : cases) {
@@ -109,23 +99,15 @@ TEST_CASE("Physical memory in KB and percent") {
         CHECK(process::MemoryPercent() == one.percent);
         CHECK(process::MemoryTip().text == one.text);
     }
-    CHECK(process::MemoryTip().title == "Physical Memory Available (K)");
-    sim::setPhysicalMemory(huge, huge / 2);
-    CHECK(process::Memory(1) == most);
-    CHECK(process::Memory(0) == most);
-    CHECK(process::MemoryPercent() == 100);
     sim::setPhysicalMemory(8000 * kKb, 4000 * kKb);
-    CHECK(process::Memory(2) == 0);
-    CHECK(process::Memory(-1) == 0);
+    for (const int neither : {2, -1}) CHECK(process::Memory(neither) == 0);
     sim::failSystemFigures(true);
     CHECK(process::Memory(1) == 0);
-    CHECK(process::Memory(0) == 0);
     CHECK(process::MemoryPercent() == 0);
 }
 
 TEST_CASE("What the registry says of the processor") {
     sim::reset();
-    CHECK(process::ProcessorTip().title == "Total CPU Usage");
     CHECK(process::ProcessorTip().text == "\r\n\r\n0 MHz");
     sim::putMachineText(kProcessor, "ProcessorNameString", std::string("Quad 9000\0rest", 14));
     sim::putMachineText(kProcessor, "Identifier", "x86 Family 6");
