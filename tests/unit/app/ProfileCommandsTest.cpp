@@ -128,46 +128,38 @@ TEST_CASE_FIXTURE(Desk, "A parameter is edited in place") {
         SelectFavorites(rows);
         sim::click(Favorites(), {40, 30}, platform::MouseButton::Middle);
     };
+    const auto saved = [](const std::string& param) {
+        return sim::file(kProfile1)->find("b.exe\t" + param + "\r\n") != std::string::npos;
+    };
     edit({1});
     sim::typeText("one\ttwo");
-    std::string param = "one two";
-    SUBCASE("Enter takes it") {
-        sim::pressKey(key::kEnter);
-        CHECK(Favorites().CellText(1, 4) == param);
-        CHECK(sim::focusedWindow() == &Favorites());
-        sim::clearLog();
-        edit({1});
-        sim::pressKey(key::kEnter);  // nothing was changed: nothing is saved
-        CHECK(Logged("writeFile") == 0);
-    }
-    SUBCASE("Escape does not") {
-        sim::pressKey(key::kEscape);
-        param = "";
-    }
-    SUBCASE("going on with something else does") {
-        Processes().focus();
-    }
-    SUBCASE("also when the rows have moved") {
-        Favorites().SortCol(0, false);
-        Processes().focus();
-    }
-    SUBCASE("and the end of the program") {
-        sim::endSession();
-    }
-    SUBCASE("only one at a time") {
-        sim::pressKey(key::kEnter);
-        Answer(key::kEnter);
-        edit({0, 1});
-        CHECK(told.back().starts_with("File Parameter\n"));
-    }
-    SUBCASE("at the edge of its row when the column is out of sight") {
-        sim::pressKey(key::kEnter);
-        Favorites().SetColumnWidths("900,82,70,50,50,");
-        edit({1});
-        const platform::Rect box = sim::focusedWindow()->bounds();
-        CHECK(box.right == Favorites().clientSize().width);
-        CHECK(box.contains({box.left, Favorites().CellRect(1, 0).top}));
-        sim::pressKey(key::kEscape);
-    }
-    CHECK(sim::file(kProfile1)->find("b.exe\t" + param + "\r\n") != std::string::npos);
+    sim::pressKey(key::kEnter);
+    CHECK(saved("one two"));
+    CHECK(sim::focusedWindow() == &Favorites());
+    sim::clearLog();
+    edit({1});
+    sim::pressKey(key::kEnter);  // nothing was changed: nothing is saved
+    edit({1});
+    sim::typeText("three");
+    sim::pressKey(key::kEscape);
+    CHECK(Logged("writeFile") == 0);
+    Answer(key::kEnter);
+    edit({0, 1});  // only one at a time
+    CHECK(told.back().starts_with("File Parameter\n"));
+
+    // Going on with something else takes it too, also when the rows have moved.
+    edit({1});
+    sim::typeText("three");
+    Favorites().SortCol(0, false);
+    Processes().focus();
+    CHECK(saved("three"));
+    // At the edge of its row when the column is out of sight; taken at the end of the program.
+    Favorites().SetColumnWidths("900,82,70,50,50,");
+    edit({1});
+    const platform::Rect box = sim::focusedWindow()->bounds();
+    CHECK(box.right == Favorites().clientSize().width);
+    CHECK(box.contains({box.left, Favorites().CellRect(1, 0).top}));
+    sim::typeText("four");
+    sim::endSession();
+    CHECK(saved("four"));
 }

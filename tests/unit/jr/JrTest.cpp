@@ -228,9 +228,6 @@ TEST_CASE_FIXTURE(Machine, "the ways to its end leave nothing behind") {
     Start();
     sim::restartShell();
     CHECK(sim::trayIcons().size() == 1);
-    SUBCASE("asked to close by its window") {
-        AskToClose();
-    }
     SUBCASE("the session ends") {
         sim::endSession();
     }
