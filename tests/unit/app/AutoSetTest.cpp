@@ -48,6 +48,16 @@ TEST_CASE_FIXTURE(GameMachine, "Auto Set gives a favourite its affinity and prio
     sim::dropFiles(Favorites(), {"C:\\Apps\\tool.exe"});
     Tick();
     CHECK(MaskOf(tool) == 2);
+
+    // A minimised window goes on setting, and leaves the list alone.
+    form->show(platform::ShowCommand::Minimize);
+    const int shown = Processes().ListCount();
+    const ProcessId hidden = Run(kGame);
+    Tick();
+    CHECK(ClassOf(hidden) == kHigh);
+    CHECK(Processes().ListCount() == shown);
+    form->show(platform::ShowCommand::Restore);
+    CHECK(Cell(hidden, 2) == "High");
 }
 
 TEST_CASE_FIXTURE(GameMachine, "Enforce applies the favourites again, measured from the last application") {

@@ -202,4 +202,8 @@ TEST_CASE_FIXTURE(Desk, "Options: the shadow comes with a restart") {
     CHECK(sim::openedDocuments() == std::vector<std::string>{"C:\\Kestrum\\Kestrum2.exe"});
     CHECK(Stored("Shadow") == "1");
     CHECK(Stored("TransLevel") == "85");
+    // The next copy finds everything as it was left.
+    const std::vector<std::string> log = sim::log();
+    const auto started = std::find(log.begin(), log.end(), "openDocument C:\\Kestrum\\Kestrum2.exe");
+    CHECK(std::none_of(started, log.end(), [](const auto& entry) { return entry.starts_with("storeWrite"); }));
 }

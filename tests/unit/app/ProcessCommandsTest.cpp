@@ -199,8 +199,9 @@ TEST_CASE_FIXTURE(Desk, "Selected rows are dragged to the favourites, whatever t
     sim::putFile("C:\\Apps\\aav.exe", "");
     PutProfile("Aav.exe\t1\tHigh\tC:\\Apps\\aav.exe\t\r\n");
     Store("AutoSet", "1");
+    const ProcessId again = Run("C:\\Apps\\one.exe");
     Begin();
-    Select({one, two});
+    Select({one, again, two});
     const int right = Favorites().bounds().left - Processes().bounds().left;
     const platform::Point target{right + 50, 60}, elsewhere{50, -30};
     sim::mouseDown(Processes(), RowPoint(two));
@@ -219,7 +220,7 @@ TEST_CASE_FIXTURE(Desk, "Selected rows are dragged to the favourites, whatever t
     sim::setPointer(Processes(), {50, 40});
     CHECK(sim::pointerShape() == platform::Pointer::Arrow);
     Tick(2);
-    CHECK(Processes().ListCount() == 5);  // what came meanwhile is there now
+    CHECK(Processes().ListCount() == 6);  // what came meanwhile is there now
 
     const ProcessId zoo = Run("C:\\Apps\\zoo.exe");
     Tick();

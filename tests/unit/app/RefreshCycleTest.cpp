@@ -112,24 +112,6 @@ TEST_CASE_FIXTURE(Crowd, "The list stops at 256 rows, and refreshing repaints no
     CHECK(Processes().TopIndex() == top);
 }
 
-TEST_CASE_FIXTURE(Machine, "A minimised window works for Auto Set, and leaves the list alone") {
-    PutProfile("App.exe\t0\tHigh\tC:\\Apps\\app.exe\t\r\n");
-    sim::putFile("C:\\Apps\\app.exe", "");
-    Store("AutoSet", "1");
-    Start();
-    Tick(5);
-    form->show(platform::ShowCommand::Minimize);
-    const int shown = Processes().ListCount();
-    const ProcessId app = Run("C:\\Apps\\app.exe");
-    Tick();
-    CHECK(ClassOf(app) == kHigh);
-    CHECK(MaskOf(app) == 1);
-    CHECK(Processes().ListCount() == shown);
-    Tick(5);
-    form->show(platform::ShowCommand::Restore);
-    CHECK(Cell(app, 2) == "High");
-}
-
 TEST_CASE_FIXTURE(Machine, "Icons of programs that come and go under ever new names don't gather") {
     Start();
     for (int number = 0; number < 700; ++number) {

@@ -186,6 +186,12 @@ TEST_CASE_FIXTURE(Bench, "edits are saved and leave the edited favourites select
         CHECK_FALSE(favorites::SetSettings(favs, {0}, {4, {{0, false}}, "Low"}).noCpu);
         CHECK(favs.Row(0).affinity == "7");
     }
+    SUBCASE("what is no row, or changes nothing, is neither saved nor loaded") {
+        platform::deleteFile(kBase + kSource);
+        for (const int row : {0, 7, -1}) CHECK_FALSE(favorites::SetParam(favs, row, "-b"));
+        CHECK(Saved(kSource) == kNoFile);
+        CHECK(favs.Count() == 3);
+    }
     SUBCASE("an edit that cannot be saved stays in the list") {
         sim::setReadOnlyFolder("C:\\Kestrum", true);
         CHECK(favorites::SetParam(favs, 0, "-a"));
