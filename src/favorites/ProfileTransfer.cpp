@@ -47,10 +47,6 @@ std::vector<ProfileEntry> ProfileEntries(const std::string& baseFolder) {
     return entries;
 }
 
-bool HoldsPath(std::string_view profileContent, std::string_view path) {
-    return SearchedProfile(profileContent).Holds(path);
-}
-
 bool CopyToProfile(const std::vector<Favorite>& favorites, const std::string& baseFolder,
                    const std::string& profileName) {
     if (favorites.empty() || !IsProfileName(profileName)) return false;

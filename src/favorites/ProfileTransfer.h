@@ -17,13 +17,11 @@ struct ProfileEntry {
 // The five, in order.
 std::vector<ProfileEntry> ProfileEntries(const std::string& baseFolder);
 
-// True when some line of a profile's content, the header included, holds the path, whatever the letter case. A
-// plain search on purpose: a path that begins a longer one there counts as held.
-bool HoldsPath(std::string_view profileContent, std::string_view path);
-
-// Appends those of the favourites that the profile does not hold; a new file starts with the header. The file is
-// replaced whole, so a full disk or an end of the program leaves it as it was. True when it was written; false when
-// there was nothing to add, or the name is none of the five, or the file cannot be read or written.
+// Appends those of the favourites that the profile does not hold; a new file starts with the header. Held is a path
+// that stands in any line, the header included, whatever the letter case: a plain search on purpose, so one that
+// begins a longer one there counts as held. The file is replaced whole, so a full disk or an end of the program
+// leaves it as it was. True when it was written; false when there was nothing to add, or the name is none of the
+// five, or the file cannot be read or written.
 bool CopyToProfile(const std::vector<Favorite>& favorites, const std::string& baseFolder,
                    const std::string& profileName);
 

@@ -53,14 +53,6 @@ std::string ProfileCaption(const std::string& baseFolder, int number) {
     return ProfileExists(baseFolder, name) ? name : name + kEmptyMark;
 }
 
-std::string NameFromCaption(std::string caption) {
-    const std::string_view mark = kEmptyMark;
-    for (std::size_t at = caption.find(mark); at != std::string::npos; at = caption.find(mark, at)) {
-        caption.erase(at, mark.size());
-    }
-    return caption;
-}
-
 void CleanUpProfiles(const std::string& baseFolder) {
     for (int number = 1; number <= kProfileCount; ++number) {
         storage::CleanUpAfter(ProfilePath(baseFolder, ProfileName(number)));

@@ -25,8 +25,6 @@ std::string ProfilePath(const std::string& baseFolder, const std::string& name);
 bool ProfileExists(const std::string& baseFolder, const std::string& name);
 // The name, followed by " (Empty)" when the profile has no file.
 std::string ProfileCaption(const std::string& baseFolder, int number);
-// The name behind such a caption: every " (Empty)" is taken out.
-std::string NameFromCaption(std::string caption);
 
 // Deletes what an end of the program in the middle of a save has left beside the profiles.
 void CleanUpProfiles(const std::string& baseFolder);

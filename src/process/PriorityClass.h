@@ -23,11 +23,6 @@ inline constexpr std::array<PriorityClassName, 6> kPriorityClasses = {{{"Real", 
                                                                        {"Below", kBelowNormalPriority},
                                                                        {"Low", kLowPriority}}};
 
-// Every text that may stand for a priority: the six names, then the two that leave a priority as it is, in
-// favourites and in the priority chooser.
-inline constexpr std::array<std::string_view, 8> kPriorityTexts = {"Real",  "High", "Above",   "Normal",
-                                                                   "Below", "Low",  "Default", "No Set"};
-
 // Empty for a value that is no priority class, 0 included.
 std::string_view PriorityName(std::uint32_t value);
 // 0 for any other text, "Default" and "No Set" included. Letter case matters.

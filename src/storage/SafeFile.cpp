@@ -47,11 +47,4 @@ std::vector<std::string_view> SplitLines(std::string_view content) {
     return lines;
 }
 
-std::vector<std::string> ReadLines(const std::string& path) {
-    std::string content;
-    ReadWhole(path, content);
-    const std::vector<std::string_view> lines = SplitLines(content);
-    return {lines.begin(), lines.end()};
-}
-
 }  // namespace storage

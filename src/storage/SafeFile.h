@@ -28,7 +28,4 @@ void CleanUpAfter(const std::string& path);
 // last line end is a line only if it holds anything. The views live as long as `content`.
 std::vector<std::string_view> SplitLines(std::string_view content);
 
-// The lines of a file; empty when the file is missing or cannot be read.
-std::vector<std::string> ReadLines(const std::string& path);
-
 }  // namespace storage

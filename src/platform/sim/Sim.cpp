@@ -65,6 +65,18 @@ void clearLog() {
     machine().processes.accessesAsked.clear();
 }
 
+void forget() {
+    clearLog();
+    Machine& state = machine();
+    state.balloons.clear();
+    state.sounds.clear();
+    state.openedDocuments.clear();
+    state.launches.clear();
+    state.desktop.modalScripts.clear();
+    state.desktop.menuScripts.clear();
+    state.desktop.drags.clear();
+}
+
 int openHandles(const std::string& kind) {
     const Machine& state = machine();
     if (kind == "process") return state.processes.open.count();

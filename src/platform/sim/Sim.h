@@ -201,6 +201,9 @@ struct Launch {
 std::vector<Launch> launches();  // handed to launch; one whose file exists in its folder is no process by that
 std::vector<std::string> log();  // operations in order, as "trayAdd", "storeWrite AutoSet", ...
 void clearLog();
+// Clears the log and forgets all else that was recorded, and answers for menus and dialogs that never came, with
+// which a run of days would fill the memory.
+void forget();
 int quitCode();  // of postQuit; -1 when it was not called
 // The program is started once more: that the one before was told to quit counts no longer.
 void startAgain();
