@@ -12,6 +12,10 @@
 #include "platform/Window.h"
 #include "platform/sim/Sim.h"
 
+struct FreshMachine {
+    FreshMachine() { platform::sim::reset(); }
+};
+
 struct IconOwner : platform::Window {
     IconOwner() {
         platform::WindowSpec spec;
