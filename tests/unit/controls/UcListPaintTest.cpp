@@ -144,47 +144,50 @@ TEST_CASE_FIXTURE(PaintedList, "arrow glyphs have their sixteen pixels, and move
 TEST_CASE_FIXTURE(PaintedList, "a refill invalidates only what looks different") {
     Fill(100);
     list.focus();
-    list.SelectItem(3, true);
-    list.SortCol(0, true);
     list.SetTopIndex(2);
+    Refill(100, 3, Same);
     sim::run(20);
-    const auto rowOnScreen = [this](int row) { return list.Layout().RowRect(row - 2); };
-
-    SUBCASE("nothing, when it is the same or out of sight") {
+    const auto row = [this](int number) { return list.Layout().RowRect(number - 2); };
+    const struct {
+        const char* what;
+        int selected, sortColumn;
+        std::function<std::string(int)> cells;
+        Rect invalid;
+    } cases[] = {
+        {"nothing", 3, 0, Same, {}},
+        {"out of sight", 3, 0, [](int i) { return ProcessRow(i, i > 60 ? "77" : "05"); }, {}},
+        {"one cell", 3, 0, [](int i) { return ProcessRow(i, i == 5 ? "77" : "05"); }, list.CellRect(5, 4)},
+        {"a hidden cell: another icon", 3, 0, [](int i) { return ProcessRow(i) + (i == 5 ? "1" : ""); }, row(5)},
+        {"the sort mark", 3, 5, Same, list.Layout().header},
+        {"the selection, and the focus rectangle with it",
+         6,
+         0,
+         Same,
+         {0, row(3).top, row(6).right, row(6).bottom}},
+    };
+    for (const auto& one : cases) {
+        CAPTURE(one.what);
         Refill(100, 3, Same);
-        Refill(100, 3, [](int i) { return ProcessRow(i, i > 60 ? "77" : "05"); });
-        CHECK(sim::invalidArea(list).empty());
+        sim::paint(list);
+        Refill(100, one.selected, one.cells, one.sortColumn);
+        CHECK(sim::invalidArea(list) == one.invalid);
         CHECK(list.TopIndex() == 2);
-        CHECK(list.Selected(3));
-    }
-    SUBCASE("one cell that changed") {
-        Refill(100, 3, [](int i) { return ProcessRow(i, i == 5 ? "77" : "05"); });
-        CHECK(sim::invalidArea(list) == list.CellRect(5, 4));
+        CHECK(list.CurrentRow() == one.selected);
         const auto drawn = sim::paint(list);
-        CHECK(std::ranges::count(drawn, "text", &sim::Drawn::what) == 1);
-        CHECK(std::ranges::count(drawn, "77", &sim::Drawn::text) == 1);
+        if (one.invalid == list.CellRect(5, 4)) CHECK(std::ranges::count(drawn, "text", &sim::Drawn::what) == 1);
     }
-    SUBCASE("a row whose hidden cell changed has another icon") {
-        Refill(100, 3, [](int i) { return ProcessRow(i) + (i == 5 ? "1" : ""); });
-        CHECK(sim::invalidArea(list) == rowOnScreen(5));
-    }
-    SUBCASE("a selection that moved takes the focus rectangle along") {
-        Refill(100, 6, Same);
-        const Rect invalid = sim::invalidArea(list);
-        CHECK(invalid.top == rowOnScreen(3).top);
-        CHECK(invalid.bottom == rowOnScreen(6).bottom);
-        CHECK(list.CurrentRow() == 6);
-    }
-    SUBCASE("the header alone when only the sort mark moves") {
-        Refill(100, 3, Same, 5);
-        CHECK(sim::invalidArea(list) == list.Layout().header);
-    }
-    SUBCASE("everything when a bar goes") {
-        Refill(5, 3, Same);
-        CHECK(sim::invalidArea(list).height() == list.clientSize().height);
-        CHECK(list.TopIndex() == 0);
-    }
-    SUBCASE("a paint amid the refill is made good afterwards") {
+    Refill(5, 3, Same);  // a bar goes
+    CHECK(sim::invalidArea(list).height() == list.clientSize().height);
+    CHECK(list.TopIndex() == 0);
+}
+
+TEST_CASE_FIXTURE(PaintedList, "a paint amid a change is made good afterwards") {
+    Fill(100);
+    list.focus();
+    list.SetTopIndex(2);
+    Refill(100, 3, Same);
+    sim::run(20);
+    SUBCASE("a refill") {
         list.SetLocked(true);
         list.Clear();
         list.AddItem(ProcessRow(0));
@@ -194,7 +197,7 @@ TEST_CASE_FIXTURE(PaintedList, "a refill invalidates only what looks different")
         CHECK(std::ranges::count(drawn, "text", &sim::Drawn::what) > 6 * 9);
         CHECK(sim::pixelAt(list, Cell(3, 5)) == systemColor(SysColor::Highlight));
     }
-    SUBCASE("a paint before the deferred one does not leave a mixed picture") {
+    SUBCASE("scrolling, which waits") {
         list.SetTopIndex(3);
         list.invalidate(list.Layout().RowRect(0));
         CHECK(PixelAt(300, 30) == systemColor(SysColor::Highlight));  // row 0 shows the selected row 3 now
@@ -266,11 +269,10 @@ TEST_CASE_FIXTURE(ListFixture, "properties come back as they were read, within r
     UcListProperties properties = test::ProcessProperties();
     properties.backColor = 0x010203;
     list.ReadProperties(properties);
-    const UcListProperties written = list.WriteProperties();
-    CHECK(written.headerProperties == test::kProcessColumns);
-    CHECK(written.columnCount == 7);
-    CHECK(written.columnMaxSeen == 6);
-    CHECK(written.backColor == 0x010203);
+    CHECK(list.WriteProperties().headerProperties == test::kProcessColumns);
+    CHECK(list.WriteProperties().columnCount == 7);
+    CHECK(list.WriteProperties().columnMaxSeen == 6);
+    CHECK(list.WriteProperties().backColor == 0x010203);
 
     properties.columnCount = 2000000000;
     properties.headerHeight = -5;
