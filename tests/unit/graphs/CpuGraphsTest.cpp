@@ -30,6 +30,13 @@ TEST_CASE_FIXTURE(Desk, "a graph shows name and usage of its process") {
     CHECK(Open("none").CaptionText() == "00%  none");
 }
 
+TEST_CASE("a reading above everything is everything, one below nothing is none") {
+    graphs::CpuHistory history;
+    CHECK(history.Add(101));
+    CHECK_FALSE(history.Add(-1));
+    CHECK(history.Newest() == 100);
+}
+
 TEST_CASE_FIXTURE(Desk, "the lowest free slot is taken, sixteen are all, and a process has one") {
     for (int slot = 1; slot <= 16; ++slot) CHECK(Open().Slot() == slot);
     CHECK(graphs.Launch("late.exe", Run("late.exe")) == Launched::Full);
@@ -54,18 +61,12 @@ TEST_CASE_FIXTURE(Desk, "the lowest free slot is taken, sixteen are all, and a p
 }
 
 TEST_CASE_FIXTURE(Desk, "the graph of a process that ended closes within two seconds") {
-    const platform::ProcessId id = Open("ends.exe").PID();
+    sim::Process reused;
+    reused.path = "C:\\Apps\\new.exe";
+    reused.id = Open("ends.exe").PID();
     Open("stays.exe");
-    const auto reuse = [id](std::uint32_t deniedRights) {
-        sim::advance(100);
-        sim::Process process;
-        process.id = id;
-        process.path = "C:\\Apps\\new.exe";
-        process.deniedRights = deniedRights;
-        sim::addProcess(process);
-    };
     sim::run(700);
-    sim::endProcess(id);
+    sim::endProcess(reused.id);
     SUBCASE("who knows nothing closes nothing") {
         sim::failEnumeration(true);
         sim::run(2000);
@@ -73,19 +74,20 @@ TEST_CASE_FIXTURE(Desk, "the graph of a process that ended closes within two sec
         sim::failEnumeration(false);
     }
     SUBCASE("though another process has its id now") {
-        reuse(0);
+        sim::addProcess(reused);
     }
     SUBCASE("and at once when a graph of the new one is asked for") {
-        reuse(0);
-        CHECK(graphs.Launch("new.exe", id) == Launched::Opened);
+        sim::addProcess(reused);
+        CHECK(graphs.Launch("new.exe", reused.id) == Launched::Opened);
         CHECK(graphs.InSlot(1)->CaptionText() == "00%  new");
         graphs.InSlot(1)->Close();
     }
     SUBCASE("but not where the times can't be read") {
-        reuse(0x400);
+        reused.deniedRights = 0x400;
+        sim::addProcess(reused);
         sim::run(2000);
         CHECK(graphs.OpenCount() == 2);
-        sim::endProcess(id);
+        sim::endProcess(reused.id);
     }
     sim::run(2000);
     CHECK(graphs.InSlot(1) == nullptr);

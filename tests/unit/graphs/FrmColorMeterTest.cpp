@@ -115,9 +115,7 @@ TEST_CASE_FIXTURE(Meter, "a clock that is set takes the start time with it") {
     CHECK(time() == "00:00:00:14");
 }
 
-TEST_CASE_FIXTURE(
-    Meter,
-    "the menu changes between bars and average, begins the average anew, and lets it stand beyond the edge") {
+TEST_CASE_FIXTURE(Meter, "the menu: bars or average, the average anew, beyond the edge or not") {
     std::string menu;
     const auto look = [&](const auto& items) { menu = Described(items); };
     const std::string rest = "Reset average usage|-|Edge Detection*|-|Close";
@@ -155,11 +153,8 @@ TEST_CASE_FIXTURE(Meter, "it closes with its place kept, and opens there with it
     SUBCASE("by its menu") {
         Choose(meter, "Close");
     }
-    SUBCASE("from outside") {
-        sim::closeBox(meter);
-    }
-    SUBCASE("while its menu is open") {
-        Choose(meter, "Reset average usage", [this](const auto&) { meter.Close(); });
+    SUBCASE("from outside, though its menu is open") {
+        Choose(meter, "Reset average usage", [this](const auto&) { sim::closeBox(meter); });
     }
     CHECK(calls == "-4 ");
     CHECK_FALSE(meter.exists());

