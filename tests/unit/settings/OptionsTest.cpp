@@ -36,8 +36,7 @@ bool Plain(const OptionInfo& info, OptionKind kind) {
 
 }  // namespace
 
-TEST_CASE_FIXTURE(OptionsBench,
-                  "every check box writes its key by mouse and by keyboard, and takes effect at once") {
+TEST_CASE_FIXTURE(OptionsBench, "every check box writes its key by mouse and keyboard, and takes effect at once") {
     dialog.Show(owner);
     for (const OptionInfo& info : OptionTable()) {
         if (!Plain(info, OptionKind::Check)) continue;

@@ -49,8 +49,7 @@ TEST_CASE_FIXTURE(OptionsBench, "the program starts with Windows in place of Kes
     Show([&] { CHECK(Check(Option::ChkStart).Value()); });
 }
 
-TEST_CASE_FIXTURE(OptionsBench,
-                  "Kestrum Jr. starts with Windows in place of the program, with its profile and interval") {
+TEST_CASE_FIXTURE(OptionsBench, "Kestrum Jr. starts in place of the program, with its profile and interval") {
     sim::putFile(kJrFile, "");
     sim::putRunEntry("Kestrum2", kOwn);
     Show([&] {

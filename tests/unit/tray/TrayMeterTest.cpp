@@ -39,12 +39,11 @@ void PutStrip(int resource, int salt) {
 }
 
 // A machine with digits large (salt 0) and small (1).
-struct Machine {
+struct Machine : FreshMachine {
     Machine() {
         PutStrip(105, 0);
         PutStrip(106, 1);
     }
-    FreshMachine fresh;
 };
 
 // The icon whose left half comes from `left` of the strip, and the right one from `right`.
@@ -71,12 +70,10 @@ TEST_CASE_FIXTURE(Machine, "the bar is filled from its level down to the border"
             CAPTURE(color);
             CAPTURE(percent);
             const auto pixels = PixelsOf(meter.Draw(percent));
-            const auto inRows = [&](int from, int to, Color wanted) {
-                return std::count(pixels.begin() + from * kSide, pixels.begin() + to * kSide, wanted);
-            };
-            CHECK(inRows(level, 31, color) == (31 - level) * 29);
-            CHECK(inRows(2, level, sim::kUnpainted) == (level - 2) * 30);
-            CHECK(inRows(0, 32, kBlue) == 4 * 31 - 4);
+            const auto filled = pixels.begin() + level * kSide;
+            CHECK(std::count(pixels.begin(), filled, color) == 0);
+            CHECK(std::count(filled, pixels.end(), color) == (31 - level) * 29);
+            CHECK(std::ranges::count(pixels, kBlue) == 4 * 31 - 4);
         }
     }
 }
@@ -105,17 +102,11 @@ TEST_CASE_FIXTURE(Machine, "digits come from the strip of their size, in the col
 }
 
 TEST_CASE_FIXTURE(Machine, "without a picture there is no icon, and nothing is left open") {
+    for (const int bad : {-1, 4, INT_MIN, INT_MAX}) CHECK(tray::MeterTypeFromSetting(bad) == MeterType::Disabled);
     const int before = sim::openHandles();
     sim::setPictureResource(106, {0, 0});  // missing
     for (const auto type : {MeterType::Disabled, MeterType::NumberSmall}) CHECK_FALSE(Meter(type, kRed).Draw(50));
     sim::failIcons(true);
     for (const auto type : {MeterType::Graph, MeterType::NumberLarge}) CHECK_FALSE(Meter(type, kRed).Draw(50));
     CHECK(sim::openHandles() == before);
-}
-
-TEST_CASE("a damaged setting is no meter") {
-    for (const int value : {-1, 4, INT_MIN, INT_MAX}) {
-        CHECK(tray::MeterTypeFromSetting(value) == MeterType::Disabled);
-    }
-    CHECK(tray::MeterTypeFromSetting(3) == MeterType::NumberSmall);
 }
