@@ -68,6 +68,7 @@ TEST_CASE_FIXTURE(Meter, "each reading is a bar that shows its part of the gradi
     CHECK(greener(At(100, 100)) > 80);
     CHECK(greener(At(100, 1)) < -80);
     Tick(250);  // out of range counts as the nearer end
+    CHECK(meter.History().Samples()[99] == 100);
     Tick(-5);
     const std::pair<int, int> heights[] = {{1, 3}, {99, 100}, {100, 0}};
     for (const auto& [x, rows] : heights) CHECK(height(x) == rows);
