@@ -1,31 +1,26 @@
 #include "controls/FlatTinyCombo.h"
 
 #include <functional>
-#include <optional>
 
 #include "ControlFixture.h"
 
+using namespace controls;
+using namespace platform;
+
 namespace {
 
-namespace sim = platform::sim;
-namespace key = platform::key;
-using controls::FlatTinyCombo;
-using platform::Color;
-using platform::Point;
-using platform::Rect;
-using platform::rgb;
-using platform::SysColor;
-using platform::systemColor;
-using platform::Window;
-
 constexpr int kItem = 13;  // height of a line of text
+constexpr int kWidth = 100;
 constexpr std::uint16_t kF4 = 0x73;
+constexpr Point kFace{5, 5};
+constexpr Point kElsewhere{300, 300};
+using Indexes = std::vector<int>;
 
 struct Combo : ControlFixture<FlatTinyCombo> {
-    explicit Combo(int items = 5, const Rect& bounds = {50, 40, 150, 40 + kItem + 2}) : ControlFixture(bounds) {
-        for (int i = 0; i < items; ++i) control.AddItem(std::string(1, static_cast<char>('A' + i)) + " item");
-        control.Click = [this](std::int16_t index) { clicks.push_back(index); };
-        control.focus();
+    explicit Combo(int items = 5) : ControlFixture({50, 40, 50 + kWidth, 40 + kItem + 2}) {
+        for (int i = 0; i < items; ++i) box.AddItem(std::string(1, static_cast<char>('A' + i)) + " item");
+        box.Click = [this](std::int16_t index) { clicks.push_back(index); };
+        box.focus();
     }
 
     Window* List() const {
@@ -34,202 +29,156 @@ struct Combo : ControlFixture<FlatTinyCombo> {
         }
         return nullptr;
     }
-    void OpenByMouse() {
-        sim::click(control, {5, 5});
-        REQUIRE(control.Dropped());
+    Window& OpenByMouse() {
+        sim::click(box, kFace);
+        REQUIRE(box.Dropped());
         REQUIRE(List() != nullptr);
+        return *List();
     }
-    // The middle of a row of the list, in the client pixels of the control.
-    Point RowOnControl(int row) const {
-        const Point list = List()->toScreen({20, row * kItem + kItem / 2});
-        const Point origin = control.toScreen({0, 0});
+    // A height on the list, in the client pixels of the control; that of the middle of a row.
+    Point OnControl(int y) const {
+        const Point list = List()->toScreen({20, y});
+        const Point origin = box.toScreen({0, 0});
         return {list.x - origin.x, list.y - origin.y};
     }
-    // The text of the highlighted row, if it is shown.
-    std::optional<std::string> Highlighted() const {
+    Point RowOnControl(int row) const { return OnControl(row * kItem + kItem / 2); }
+    // First letters of the rows that the list shows, the highlighted one in brackets.
+    std::string Shown() const {
+        std::string letters;
         for (const sim::Drawn& drawn : sim::paint(*List(), true)) {
-            if (drawn.what == "text" && drawn.color == systemColor(SysColor::HighlightText)) return drawn.text;
+            const std::string letter = drawn.text.substr(0, 1);
+            const bool lit = drawn.what == "text" && drawn.color == systemColor(SysColor::HighlightText);
+            letters += lit ? "[" + letter + "]" : letter;
         }
-        return std::nullopt;
+        return letters;
     }
 
-    std::vector<int> clicks;
+    FlatTinyCombo& box = control;
+    Indexes clicks;
 };
-
-using Indexes = std::vector<int>;
 
 }  // namespace
 
 TEST_CASE("A combo box keeps its index whatever happens to its items") {
     Combo combo(0);
-    FlatTinyCombo& box = combo.control;
-    CHECK(box.GetIndex() == 0);
+    FlatTinyCombo& box = combo.box;
+    const auto face = [&] { return combo.Painted("text").front().text; };
     box.SelectItem(2);
-    CHECK(combo.Painted("text").front().text.empty());
+    CHECK(face().empty());
     for (const char* text : {"one", "two", "three"}) box.AddItem(text);
-    CHECK(combo.Painted("text").front().text == "three");
+    CHECK(face() == "three");
     box.Clear();
     CHECK(box.GetIndex() == 2);
-    CHECK(combo.Painted("text").front().text.empty());
-    sim::click(box, {5, 5});  // nothing to show
+    CHECK(face().empty());
+    sim::click(box, kFace);  // nothing to show
     sim::pressKey(key::kDown);
     CHECK_FALSE(box.Dropped());
-    box.SelectItem(0);
-    CHECK(box.GetIndex() == 0);
     box.SelectItem(100'000);
     CHECK(box.GetIndex() == 32766);
     CHECK(combo.clicks.empty());
 }
 
-TEST_CASE("The face of a combo box has its button, its arrow, and the swatch of a colour") {
-    Combo combo(0);
-    FlatTinyCombo& box = combo.control;
-    constexpr int kWidth = 100;
-    const auto grey = [](Color color, int level) { return color == rgb(level, level, level); };
-
-    sim::setPointer(combo.form, {0, 0});
-    CHECK(grey(combo.PixelAt(kWidth - 14, 1), 112));
+TEST_CASE("The face of a combo box has its button, which the pointer lights up, and its arrow") {
+    Combo combo;
+    std::string told;
+    combo.box.Hover = [&] { told += "hover "; };
+    combo.box.Left = [&] { told += "left "; };
+    const auto button = [&] { return combo.PixelAt(kWidth - 14, 1); };
+    const Color plain = button();
     CHECK(combo.PixelAt(kWidth - 15, 7) == systemColor(SysColor::Window));
     for (int line = 0; line < 4; ++line) {
-        CAPTURE(line);
-        int ink = 0;
-        for (int x = kWidth - 14; x < kWidth - 2; ++x) {
-            if (combo.PixelAt(x, 6 + line) != 0) continue;
-            CHECK((x >= kWidth - 12 + line && x < kWidth - 5 - line));
-            ++ink;
-        }
-        CHECK(ink == 7 - 2 * line);
+        std::string ink;
+        for (int x = kWidth - 12; x < kWidth - 5; ++x) ink += combo.PixelAt(x, 6 + line) == 0 ? '#' : ' ';
+        CHECK(ink == std::string(line, ' ') + std::string(7 - 2 * line, '#') + std::string(line, ' '));
     }
-    int hovers = 0;
-    int lefts = 0;
-    box.Hover = [&] { ++hovers; };
-    box.Left = [&] { ++lefts; };
-    sim::setPointer(box, {5, 5});
-    sim::setPointer(box, {6, 5});
-    CHECK(hovers == 2);
-    CHECK(grey(combo.PixelAt(kWidth - 14, 1), 192));
-    CHECK(lefts == 0);
+    for (const int x : {5, 6}) sim::setPointer(combo.box, {x, 5});
+    CHECK(button() > plain);
     sim::setPointer(combo.form, {0, 0});
-    CHECK(lefts == 1);
-    CHECK(grey(combo.PixelAt(kWidth - 14, 1), 112));
+    CHECK(button() == plain);
+    CHECK(told == "hover hover left ");
+}
 
-    const struct {
-        std::string text;
-        std::optional<Color> color;
-    } cases[] = {
-        {"Black", rgb(0, 0, 0)},       {"Blue", rgb(0, 0, 255)},     {"Cyan", rgb(0, 255, 255)},
-        {"Green", rgb(0, 255, 0)},     {"Purple", rgb(255, 0, 255)}, {"Red", rgb(255, 0, 0)},
-        {"White", rgb(255, 255, 255)}, {"Yellow", rgb(255, 255, 0)}, {"purple", std::nullopt},
-        {"Red ", std::nullopt},
-    };
-    for (const auto& one : cases) box.AddItem(one.text);
-    combo.OpenByMouse();
-    Window& list = *combo.List();
+TEST_CASE("A text that names a colour shows it, on the face and in the list") {
+    Combo combo(0);
+    const std::pair<std::string, Color> cases[] = {{"Black", rgb(0, 0, 0)},
+                                                   {"Purple", rgb(255, 0, 255)},
+                                                   {"purple", sim::kUnpainted},
+                                                   {"Red ", sim::kUnpainted}};
+    for (const auto& one : cases) combo.box.AddItem(one.first);
+    Window& list = combo.OpenByMouse();
     sim::paint(list, true);
-    int row = 0;
-    for (const auto& one : cases) {
-        CAPTURE(one.text);
-        box.SelectItem(row);
+    int top = 0;
+    for (const auto& [text, color] : cases) {
+        CAPTURE(text);
+        const bool named = color != sim::kUnpainted;
+        combo.box.SelectItem(top / kItem);
         // The face's item begins one pixel below its upper edge.
-        CHECK((combo.PixelAt(kWidth - 14, 1) == one.color) == one.color.has_value());
-        CHECK((combo.PixelAt(kWidth - 5, 1 + kItem - 4) == one.color) == one.color.has_value());
-        CHECK(combo.PixelAt(kWidth - 4, 5) != one.color);
-        CHECK(combo.PixelAt(kWidth - 14, 1 + kItem - 3) != one.color);
-        CHECK(combo.PixelAt(kWidth - 9, 9) != one.color);  // the tip of the arrow
-        const int top = row * kItem;
+        CHECK((combo.PixelAt(kWidth - 14, 1) == color) == named);
+        CHECK((combo.PixelAt(kWidth - 5, 1 + kItem - 4) == color) == named);
+        CHECK(combo.PixelAt(kWidth - 14, 1 + kItem - 3) != color);
+        CHECK(combo.PixelAt(kWidth - 9, 9) != color);  // the tip of the arrow
         const Color ground = systemColor(SysColor::Menu);
-        CHECK(sim::pixelAt(list, {kWidth - 14, top}) == one.color.value_or(ground));
-        CHECK(sim::pixelAt(list, {kWidth - 5, top + kItem - 4}) == one.color.value_or(ground));
-        const Color around = one.color ? systemColor(SysColor::ButtonShadow) : ground;
-        CHECK(sim::pixelAt(list, {kWidth - 14, top + kItem - 3}) == around);
-        CHECK(sim::pixelAt(list, {kWidth - 15, top + 1}) == around);
-        ++row;
+        CHECK(sim::pixelAt(list, {kWidth - 14, top}) == (named ? color : ground));
+        CHECK(sim::pixelAt(list, {kWidth - 5, top + kItem - 4}) == (named ? color : ground));
+        CHECK(sim::pixelAt(list, {kWidth - 15, top + 1}) == (named ? systemColor(SysColor::ButtonShadow) : ground));
+        top += kItem;
     }
 }
 
 TEST_CASE("The list of a combo box picks with the mouse") {
     Combo combo;
-    FlatTinyCombo& box = combo.control;
+    FlatTinyCombo& box = combo.box;
     const int windows = sim::openHandles("window");
-    combo.OpenByMouse();
-    Window& list = *combo.List();
+    const Window& list = combo.OpenByMouse();
     CHECK(list.bounds().top == box.toScreen({0, 0}).y + kItem + 2);
     CHECK(list.clientSize().height == 5 * kItem);
     CHECK(box.focused());
-    CHECK(combo.Highlighted() == "A item");
-    for (const sim::Drawn& drawn : sim::paint(list, true)) {
-        if (drawn.what != "text" || drawn.text == "A item") continue;
-        CHECK(drawn.color == systemColor(SysColor::MenuText));
-    }
+    CHECK(combo.Shown() == "[A]BCDE");
 
-    SUBCASE("a click picks, also what was picked before") {
+    for (const bool again : {false, true}) {  // what was picked before is picked, too
+        if (again) combo.OpenByMouse();
         sim::setPointer(box, combo.RowOnControl(3));
-        CHECK(combo.Highlighted() == "D item");
+        CHECK(combo.Shown() == "ABC[D]E");
         sim::click(box, combo.RowOnControl(3));
-        CHECK(combo.clicks == Indexes{3});
-        combo.OpenByMouse();
-        sim::click(box, combo.RowOnControl(3));
-        CHECK(combo.clicks == Indexes{3, 3});
-        CHECK(box.GetIndex() == 3);
     }
-    SUBCASE("pressed on the face, drawn to a row, let go") {
-        sim::click(box, {5, 5});
-        sim::mouseDown(box, {5, 5});
-        sim::mouseUp(box, combo.RowOnControl(1));
-        CHECK(combo.clicks == Indexes{1});
-    }
-    SUBCASE("the receiver may fill the box anew") {
-        box.Click = [&](std::int16_t) {
-            box.Clear();
-            box.AddItem("new");
-        };
-        sim::click(box, combo.RowOnControl(4));
-        CHECK(box.GetIndex() == 4);
-    }
+    sim::mouseDown(box, kFace);  // drawn down to a row and let go
+    sim::mouseUp(box, combo.RowOnControl(1));
+    CHECK(combo.clicks == Indexes{3, 3, 1});
+    box.Click = [&](std::int16_t) {  // who is told may fill the box anew
+        box.Clear();
+        box.AddItem("new");
+    };
+    combo.OpenByMouse();
+    sim::click(box, combo.RowOnControl(4));
+    CHECK(box.GetIndex() == 4);
     CHECK_FALSE(box.Dropped());
     CHECK_FALSE(box.captured());
     CHECK(sim::openHandles("window") == windows);
 }
 
 TEST_CASE("What closes the list of a combo box without a choice") {
-    const struct {
-        std::string what;
-        std::function<void(Combo&)> act;
-    } cases[] = {
-        {"a second click on the face",
-         [](Combo& c) {
-             sim::click(c.control, {5, 5});
-         }},
-        {"a press elsewhere in the window",
-         [](Combo& c) {
-             sim::click(c.form, {300, 300});
-         }},
-        {"the right button elsewhere",
-         [](Combo& c) {
-             sim::click(c.form, {300, 300}, platform::MouseButton::Right);
-         }},
-        {"Escape",
-         [](Combo&) {
-             sim::pressKey(key::kDown);
-             sim::pressKey(key::kEscape);
-         }},
+    const std::pair<std::string, std::function<void(Combo&)>> cases[] = {
+        {"a second click on the face", [](Combo& c) { sim::click(c.box, kFace); }},
+        {"a press elsewhere in the window", [](Combo& c) { sim::click(c.form, kElsewhere); }},
+        {"the right button", [](Combo& c) { sim::click(c.form, kElsewhere, MouseButton::Right); }},
+        {"Escape", [](Combo&) { sim::pressKey(key::kEscape); }},
         {"another window takes the mouse", [](Combo&) { sim::loseCapture(); }},
         {"the focus goes", [](Combo& c) { c.form.focus(); }},
-        {"it is disabled", [](Combo& c) { c.control.SetEnabled(false); }},
-        {"its items change", [](Combo& c) { c.control.AddItem("more"); }},
-        {"it is destroyed", [](Combo& c) { c.control.destroy(); }},
+        {"it is disabled", [](Combo& c) { c.box.SetEnabled(false); }},
+        {"its items change", [](Combo& c) { c.box.AddItem("more"); }},
+        {"it is destroyed", [](Combo& c) { c.box.destroy(); }},
     };
-    for (const auto& one : cases) {
-        CAPTURE(one.what);
+    for (const auto& [what, act] : cases) {
+        CAPTURE(what);
         Combo combo;
-        combo.control.SelectItem(1);
+        combo.box.SelectItem(1);
         combo.OpenByMouse();
-        sim::setPointer(combo.control, combo.RowOnControl(3));
-        one.act(combo);
-        CHECK_FALSE(combo.control.Dropped());
+        sim::setPointer(combo.box, combo.RowOnControl(3));
+        act(combo);
+        CHECK_FALSE(combo.box.Dropped());
         CHECK(combo.List() == nullptr);
-        CHECK_FALSE(combo.control.captured());
-        CHECK(combo.control.GetIndex() == 1);
+        CHECK_FALSE(combo.box.captured());
+        CHECK(combo.box.GetIndex() == 1);
         CHECK(combo.clicks.empty());
     }
 }
@@ -237,7 +186,7 @@ TEST_CASE("What closes the list of a combo box without a choice") {
 TEST_CASE("A combo box works with the keyboard") {
     struct Press {
         std::uint16_t code;
-        platform::Modifiers modifiers{};
+        Modifiers modifiers{};
     };
     const Press altDown{key::kDown, {.alt = true}};
     const Press altUp{key::kUp, {.alt = true}};
@@ -252,8 +201,6 @@ TEST_CASE("A combo box works with the keyboard") {
         {{{'B'}, {'B'}, {'X'}, {'D', {.ctrl = true}}, {'E'}}, {1, 4}, false},
         {{{key::kEnter}, {key::kEscape}, {key::kPageDown}}, {}, false},
         // dropped: only what is picked
-        {{{kF4}}, {}, true},
-        {{altDown}, {}, true},
         {{{key::kSpace}, {key::kDown}, {key::kDown}}, {}, true},
         {{{key::kSpace}, {key::kDown}, {key::kDown}, {key::kEnter}}, {4}, false},
         {{{kF4}, {key::kHome}, {kF4}}, {0}, false},
@@ -263,83 +210,66 @@ TEST_CASE("A combo box works with the keyboard") {
     };
     for (const auto& one : cases) {
         Combo combo;
-        combo.control.SelectItem(2);
+        combo.box.SelectItem(2);
         CAPTURE(one.presses.front().code);
         CAPTURE(one.presses.size());
         for (const Press& press : one.presses) sim::pressKey(press.code, press.modifiers);
         CHECK(combo.clicks == one.clicks);
-        CHECK(combo.control.Dropped() == one.dropped);
-        CHECK(combo.control.GetIndex() == (one.clicks.empty() ? 2 : one.clicks.back()));
+        CHECK(combo.box.Dropped() == one.dropped);
     }
     Combo combo;
     for (int i = 0; i < 4; ++i) sim::keyDown(key::kSpace);  // held down
-    CHECK(combo.control.Dropped());
+    CHECK(combo.box.Dropped());
     CHECK(combo.clicks.empty());
 }
 
 TEST_CASE("The list of a combo box stays on the screen and scrolls") {
     Combo combo(26);
-    FlatTinyCombo& box = combo.control;
-    const Rect screen{0, 0, 640, 240};
+    FlatTinyCombo& box = combo.box;
     const Rect work{0, 0, 640, 210};
-    sim::setScreens({screen});
+    sim::setScreens({{0, 0, 640, 240}});
     for (const Rect& place : {Rect{0, 20, 400, 160}, Rect{560, 60, 960, 260}, Rect{-100, -20, 300, 130}}) {
         combo.form.setBounds(place);
-        combo.OpenByMouse();
-        Window& list = *combo.List();
-        CHECK(work.intersect(list.bounds()) == list.bounds());
+        const Rect list = combo.OpenByMouse().bounds();
+        CHECK(work.intersect(list) == list);
         const Rect face = Rect::fromSize(box.toScreen({0, 0}), box.clientSize());
-        CHECK_FALSE(list.bounds().intersects(face.intersect(work)));
-        const bool upwards = list.bounds().bottom <= face.top;
+        CHECK_FALSE(list.intersects(face.intersect(work)));
+        const bool upwards = list.bottom <= face.top;
         CHECK(upwards == (face.top - work.top > work.bottom - face.bottom));
         sim::pressKey(key::kEscape);
     }
 
     combo.form.setBounds({0, 0, 400, 160});
-    combo.OpenByMouse();
-    Window& list = *combo.List();
-    const auto shown = [&] {
-        std::string letters;
-        for (const sim::Drawn& drawn : sim::paint(list, true)) letters += drawn.text.substr(0, 1);
-        return letters;
-    };
-    const auto pointAt = [&](int y) {
-        const Point at = list.toScreen({20, y});
-        const Point origin = box.toScreen({0, 0});
-        return Point{at.x - origin.x, at.y - origin.y};
-    };
-    const std::string first = shown();
-    const int rows = static_cast<int>(first.size());
-    REQUIRE(rows > 4);
-    REQUIRE(rows < 20);
-    CHECK(first.front() == 'A');
-    sim::wheel(box, pointAt(20), -120);
-    CHECK(shown().front() == 'D');
-    sim::wheel(box, pointAt(20), 1200);
-    CHECK(shown() == first);
+    const int height = combo.OpenByMouse().clientSize().height;
+    const std::string first = combo.Shown();
+    CHECK(first.starts_with("[A]BCDE"));
+    CHECK(first.size() < 20);
+    sim::wheel(box, combo.OnControl(20), -120);
+    CHECK(combo.Shown().front() == 'D');
+    sim::wheel(box, combo.OnControl(20), 1200);
+    CHECK(combo.Shown() == first);
     sim::pressKey(key::kEnd);
-    CHECK(shown().back() == 'Z');
-    CHECK(combo.Highlighted() == "Z item");
+    CHECK(combo.Shown().ends_with("Y[Z]"));
     sim::pressKey(key::kHome);
 
-    // The pointer rests on the lower arrow, then on no row and no arrow.
-    sim::setPointer(box, pointAt(list.clientSize().height - 2));
+    // The pointer rests on the lower arrow, which is no row, then elsewhere.
+    const Point arrow = combo.OnControl(height - 2);
+    sim::setPointer(box, arrow);
     sim::run(1000);
-    const std::string scrolled = shown();
-    CHECK(scrolled.front() > 'A');
-    CHECK(scrolled.size() == first.size());
-    sim::setPointer(box, {5, 5});
+    const std::string scrolled = combo.Shown();
+    CHECK(scrolled != first);
+    sim::setPointer(box, kFace);
     sim::run(1000);
-    CHECK(shown() == scrolled);
-    sim::click(box, pointAt(list.clientSize().height - 2));  // an arrow is no row
+    CHECK(combo.Shown() == scrolled);
+    sim::click(box, arrow);
     CHECK(combo.clicks.empty());
 
     // The row that is picked is the one that was painted under the pointer.
-    const int y = list.clientSize().height / 2;
-    char under = 0;
-    for (const sim::Drawn& drawn : sim::paint(list, true)) {
-        if (drawn.what == "text" && drawn.area.top <= y && drawn.area.bottom > y) under = drawn.text[0];
-    }
-    sim::click(box, pointAt(y));
-    CHECK(combo.clicks == Indexes{under - 'A'});
+    auto rows = sim::paint(*combo.List(), true);
+    std::erase_if(rows, [&](const sim::Drawn& drawn) {
+        return drawn.what != "text" || !drawn.area.contains({20, height / 2});
+    });
+    REQUIRE(rows.size() == 1);
+    sim::click(box, combo.OnControl(height / 2));
+    CHECK(combo.clicks == Indexes{rows[0].text[0] - 'A'});
 }

@@ -1,13 +1,11 @@
 // A list in a window of the simulated desktop, with the columns of the process list, and what it raised.
 #pragma once
 
-#include <doctest/doctest.h>
-
 #include <string>
-#include <vector>
+#include <utility>
 
+#include "ControlFixture.h"
 #include "controls/UcList1.h"
-#include "platform/sim/Sim.h"
 
 namespace test {
 
@@ -32,16 +30,9 @@ inline std::string ProcessRow(int number, const std::string& cpu = "05") {
     return text;
 }
 
-struct ListFixture {
+struct ListFixture : ControlFixture<controls::UcList1> {
     // 470 wide so that no horizontal bar is needed; ten rows fit under a header of 20 pixels.
-    explicit ListFixture(platform::Size size = {470, 20 + 1 + 10 * 17}) {
-        platform::sim::reset();
-        platform::WindowSpec spec;
-        spec.kind = platform::WindowKind::Main;
-        spec.className = "Owner";
-        spec.bounds = {0, 0, 700, 500};
-        owner.create(spec);
-        list.Create(owner, "UcList11", platform::Rect::fromSize({5, 5}, size));
+    ListFixture() : ControlFixture(platform::Rect::fromSize({5, 5}, {470, 20 + 1 + 10 * 17})) {
         list.ReadProperties(ProcessProperties());
         list.Click = [this](int button) { Note("Click", button); };
         list.DblClick = [this](int button) { Note("DblClick", button); };
@@ -49,7 +40,6 @@ struct ListFixture {
         list.KeyClick = [this](std::uint16_t code) { Note("KeyClick", code); };
         list.MouseTip = [this](int row) { Note("MouseTip", row); };
         list.ColumnResized = [this] { Note("ColumnResized", 0); };
-        owner.show(platform::ShowCommand::Show);
     }
 
     void Fill(int rows) {
@@ -68,9 +58,7 @@ struct ListFixture {
     }
     std::string SelectedRows() const {
         std::string rows;
-        for (int i = 0; i < list.ListCount(); ++i) {
-            if (list.Selected(i)) rows += std::to_string(i) + ' ';
-        }
+        for (const int row : list.SelectedRows()) rows += std::to_string(row) + ' ';
         return rows;
     }
     std::string Events() { return std::exchange(events, {}); }
@@ -78,8 +66,7 @@ struct ListFixture {
         events += std::string(name) + '(' + std::to_string(argument) + ") ";
     }
 
-    platform::Window owner;
-    controls::UcList1 list;
+    controls::UcList1& list = control;
     std::string events;
 };
 

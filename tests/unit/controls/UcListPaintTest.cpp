@@ -10,144 +10,111 @@ using test::ProcessRow;
 
 namespace {
 
-std::vector<sim::Drawn> Texts(const std::vector<sim::Drawn>& drawn) {
+struct PaintedList : ListFixture {
+    const sim::Drawn* FindText(const std::string& text) {
+        texts = Painted("text");
+        const auto found = std::ranges::find(texts, text, &sim::Drawn::text);
+        return found == texts.end() ? nullptr : &*found;
+    }
+    // Its focus rectangle; empty for none.
+    Rect Focus() {
+        const auto drawn = Painted("focus");
+        return drawn.empty() ? Rect{} : drawn[0].area;
+    }
+    // What the process list does twice a second.
+    void Refill(int rows, int selected, const std::function<std::string(int)>& row, int sortColumn = 0) {
+        const int top = list.TopIndex();
+        list.SetLocked(true);
+        list.Clear();
+        for (int i = 0; i < rows; ++i) list.AddItem(row(i));
+        list.SortCol(sortColumn, true);
+        list.SelectItem(selected, true);
+        list.SetTopIndex(top);
+        list.SetVertBarPos(top);
+        list.SetLocked(false);
+    }
+
     std::vector<sim::Drawn> texts;
-    std::copy_if(drawn.begin(), drawn.end(), std::back_inserter(texts),
-                 [](const auto& d) { return d.what == "text"; });
-    return texts;
-}
+};
 
-const sim::Drawn* FindText(const std::vector<sim::Drawn>& drawn, const std::string& text) {
-    const auto found =
-        std::find_if(drawn.begin(), drawn.end(), [&](const auto& d) { return d.what == "text" && d.text == text; });
-    return found == drawn.end() ? nullptr : &*found;
-}
-
-// What the process list does twice a second.
-template <class Row>
-void Refill(UcList1& list, int rows, Row row, int selected, int sortColumn = 0) {
-    const int top = list.TopIndex();
-    list.SetLocked(true);
-    list.Clear();
-    for (int i = 0; i < rows; ++i) list.AddItem(row(i));
-    list.SortCol(sortColumn, true);
-    list.SelectItem(selected, true);
-    list.SetTopIndex(top);
-    list.SetVertBarPos(top);
-    list.SetLocked(false);
+std::string Same(int i) {
+    return ProcessRow(i);
 }
 
 }  // namespace
 
-TEST_CASE_FIXTURE(ListFixture, "cells are drawn inside their columns with their format") {
+TEST_CASE_FIXTURE(PaintedList, "cells are drawn inside their columns with their format") {
     Fill(3);
-    const auto drawn = sim::paint(list, true);
+    list.SetList(0, 0, std::string(100000, 'w'));  // what can't be seen is cut before it is drawn
+    constexpr unsigned kFormat = kTextSingleLine | kTextNoPrefix | kTextWordEllipsis;
     const UcListLayout& layout = list.Layout();
-    for (const sim::Drawn& text : Texts(drawn)) {
+    for (const sim::Drawn& text : Painted("text")) {
         CAPTURE(text.text);
-        bool inside = false;
-        for (int i = 0; i < 6; ++i) {
-            const Rect column = layout.columns[static_cast<std::size_t>(i)].inset(5, 0);
-            inside = inside || (text.area.left >= column.left && text.area.right <= column.right);
-        }
-        CHECK(inside);
-        CHECK((text.format & (kTextSingleLine | kTextNoPrefix | kTextWordEllipsis)) ==
-              (kTextSingleLine | kTextNoPrefix | kTextWordEllipsis));
+        CHECK(std::ranges::any_of(layout.columns, [&](const Rect& column) {
+            return text.area.left >= column.left + 5 && text.area.right <= column.right - 5;
+        }));
+        CHECK((text.format & kFormat) == kFormat);
+        CHECK(text.text.size() <= 512);
     }
-    const sim::Drawn* name = FindText(drawn, "Name01");
-    REQUIRE(name != nullptr);
-    CHECK(name->area == Rect{5, 38, 129, 55});
-    CHECK(name->font == Font::Bold);
-    const sim::Drawn* memory = FindText(drawn, "1,002");
-    REQUIRE(memory != nullptr);
-    CHECK((memory->format & kTextRight) != 0);
-    CHECK(FindText(drawn, "900") == nullptr);  // hidden
-    CHECK(FindText(drawn, "CPU %") != nullptr);
+    REQUIRE(FindText("Name01") != nullptr);
+    CHECK(FindText("Name01")->area == Rect{5, 38, 129, 55});
+    CHECK(FindText("Name01")->font == Font::Bold);
+    REQUIRE(FindText("1,002") != nullptr);
+    CHECK((FindText("1,002")->format & kTextRight) != 0);
+    CHECK(FindText("900") == nullptr);  // hidden
+    CHECK(FindText("CPU %") != nullptr);
 
-    SUBCASE("an icon moves the text of the first column") {
-        std::vector<int> rows;
-        list.DrawIcon = [&](Canvas& canvas, Point at, int row) {
-            rows.push_back(row);
-            CHECK(at == Point{2, 21 + 17 * row + 1});
-            canvas.icon(at, 900, 16);
-        };
-        const auto again = sim::paint(list, true);
-        CHECK(rows == std::vector<int>{0, 1, 2});
-        CHECK(FindText(again, "Name01")->area.left == 23);
-    }
-    SUBCASE("an endless text is cut before it is drawn") {
-        list.SetList(0, 0, std::string(100000, 'w'));
-        std::size_t longest = 0;
-        for (const sim::Drawn& text : Texts(sim::paint(list, true))) longest = std::max(longest, text.text.size());
-        CHECK(longest == 512);
-    }
-    SUBCASE("the sort mark and the caption keep clear of each other") {
-        list.SortCol(5, true);
-        list.ReDraw();
-        const auto header = sim::paint(list);
-        const sim::Drawn* caption = FindText(header, "Mem(KB)");
-        REQUIRE(caption != nullptr);
-        const Rect cell = list.Layout().columns[5];
-        int marks = 0;
-        for (const sim::Drawn& line : header) {
-            // The cell's own edges are lines over its whole height or the whole header.
-            if (line.what != "line" || !line.area.intersects(cell.inset(2, 4))) continue;
-            ++marks;
-            CHECK(line.area.left >= caption->area.right);
-            CHECK(line.area.right < cell.right);
-        }
-        CHECK(marks == 4);
-    }
+    // An icon moves the text of the first column.
+    std::vector<int> rows;
+    list.DrawIcon = [&](Canvas& canvas, Point at, int row) {
+        rows.push_back(row);
+        CHECK(at == Point{2, 21 + 17 * row + 1});
+        canvas.icon(at, 900, 16);
+    };
+    CHECK(FindText("Name01")->area.left == 23);
+    CHECK(rows == std::vector<int>{0, 1, 2});
+
+    // The sort mark and the caption keep clear of each other.
+    list.SortCol(5, true);
+    const Rect caption = FindText("Mem(KB)")->area;
+    auto marks = Painted("line");
+    const Rect cell = layout.columns[5].inset(2, 4);  // without the cell's own edges
+    std::erase_if(marks, [&](const sim::Drawn& line) { return !line.area.intersects(cell); });
+    CHECK(marks.size() == 4);
+    for (const sim::Drawn& line : marks) CHECK((line.area.left >= caption.right && line.area.right <= cell.right));
 }
 
-TEST_CASE_FIXTURE(ListFixture, "rows show selection and focus in the desktop's colours") {
+TEST_CASE_FIXTURE(PaintedList, "rows show selection and focus in the desktop's colours") {
     sim::setSystemColor(SysColor::Highlight, 0x123456);
     Fill(5);
     sim::click(list, Cell(2, 0));
-    auto drawn = sim::paint(list, true);
-    CHECK(sim::pixelAt(list, {60, Cell(2, 0).y}) == 0x123456);
-    CHECK(sim::pixelAt(list, {60, Cell(1, 0).y}) == 0xFFFFFF);
-    CHECK(sim::pixelAt(list, {450, Cell(2, 0).y}) == 0xFFFFFF);  // right of the columns
-    CHECK(FindText(drawn, "Name02")->color == list.HighlightTextColor());
-    CHECK(FindText(drawn, "Name01")->color == 0);
-    const auto focus = [&] {
-        return std::find_if(drawn.begin(), drawn.end(), [](const auto& d) { return d.what == "focus"; });
-    };
-    REQUIRE(focus() != drawn.end());
-    CHECK(focus()->area == Rect{0, 55, 446, 72});
-
-    SUBCASE("colours that the host chose are kept") {
-        list.SetBackColor(0x00FF00);
-        list.SetHighlightColor(0x0000FF);
-        sim::paint(list);
-        CHECK(sim::pixelAt(list, {60, Cell(2, 0).y}) == 0x0000FF);
-        CHECK(sim::pixelAt(list, {60, Cell(1, 0).y}) == 0x00FF00);
-    }
-    SUBCASE("an empty list shows the focus around its item area") {
-        list.Clear();
-        drawn = sim::paint(list);
-        REQUIRE(focus() != drawn.end());
-        CHECK(focus()->area.height() > 100);
-    }
-    SUBCASE("without the focus there is no rectangle") {
-        owner.focus();
-        drawn = sim::paint(list);
-        CHECK_FALSE(drawn.empty());
-        CHECK(focus() == drawn.end());
-    }
+    const int selected = Cell(2, 0).y;
+    CHECK(PixelAt(60, selected) == 0x123456);
+    CHECK(PixelAt(60, selected - 17) == 0xFFFFFF);
+    CHECK(PixelAt(450, selected) == 0xFFFFFF);  // right of the columns
+    CHECK(FindText("Name02")->color == list.HighlightTextColor());
+    CHECK(FindText("Name01")->color == 0);
+    CHECK(Focus() == Rect{0, 55, 446, 72});
+    list.SetBackColor(0x00FF00);  // colours that the host chose are kept
+    list.SetHighlightColor(0x0000FF);
+    CHECK(PixelAt(60, selected) == 0x0000FF);
+    CHECK(PixelAt(60, selected - 17) == 0x00FF00);
+    list.Clear();
+    CHECK(Focus().height() > 100);  // the whole area of the rows
+    form.focus();
+    CHECK(Focus().empty());
 }
 
-TEST_CASE_FIXTURE(ListFixture, "every invalid pixel is covered at any size and position") {
+TEST_CASE_FIXTURE(PaintedList, "every invalid pixel is covered at any size and position") {
     Fill(40);
-    for (const Size size :
-         {Size{470, 191}, Size{300, 200}, Size{90, 75}, Size{30, 40}, Size{12, 15}, Size{600, 480}}) {
+    for (const Size size : {Size{470, 191}, Size{300, 200}, Size{90, 75}, Size{12, 15}, Size{600, 480}}) {
         list.setBounds(Rect::fromSize({0, 0}, size));
         for (const int top : {0, 13, 40}) {
             list.SetTopIndex(top);
             sim::paint(list, true);
             int bare = 0;
-            for (int y = 0; y < size.height; ++y) {
-                for (int x = 0; x < size.width; ++x) bare += sim::pixelAt(list, {x, y}) > 0xFFFFFF ? 1 : 0;
+            for (int i = 0; i < size.width * size.height; ++i) {
+                bare += sim::pixelAt(list, {i % size.width, i / size.width}) == sim::kUnpainted ? 1 : 0;
             }
             CAPTURE(size.width);
             CHECK(bare == 0);
@@ -155,150 +122,158 @@ TEST_CASE_FIXTURE(ListFixture, "every invalid pixel is covered at any size and p
     }
 }
 
-TEST_CASE_FIXTURE(ListFixture, "arrow glyphs have their sixteen pixels, and move when pressed") {
+TEST_CASE_FIXTURE(PaintedList, "arrow glyphs have their sixteen pixels, and move when pressed") {
     Fill(40);
-    const auto glyph = [&] {
-        Rect box{9999, 9999, 0, 0};
-        int pixels = 0;
-        for (const sim::Drawn& d : sim::paint(list, true)) {
-            if (d.what != "pixel" || d.area.top > 60) continue;
-            ++pixels;
-            box = {std::min(box.left, d.area.left), std::min(box.top, d.area.top),
-                   std::max(box.right, d.area.right), std::max(box.bottom, d.area.bottom)};
-        }
-        CHECK(pixels == 16);
-        return box;
-    };
     // 17 by 17 at (453, 20): the glyph begins one pixel right of (17 - 7) / 2, and at (17 - 3) / 2.
-    CHECK(glyph() == Rect{459, 27, 466, 31});
-    sim::mouseDown(list, {460, 30});
-    CHECK(glyph() == Rect{460, 28, 467, 32});
+    for (Rect box : {Rect{459, 27, 466, 31}, Rect{460, 28, 467, 32}}) {
+        auto pixels = Painted("pixel");
+        std::erase_if(pixels, [&](const sim::Drawn& pixel) { return pixel.area.intersect(box) != pixel.area; });
+        CHECK(pixels.size() == 16);
+        sim::mouseDown(list, {460, 30});
+    }
 }
 
-TEST_CASE_FIXTURE(ListFixture, "a refill invalidates only what looks different") {
+TEST_CASE_FIXTURE(PaintedList, "a refill invalidates only what looks different") {
     Fill(100);
     list.focus();
-    list.SelectItem(3, true);
-    list.SortCol(0, true);
     list.SetTopIndex(2);
+    Refill(100, 3, Same);
     sim::run(20);
-    const auto same = [](int i) { return ProcessRow(i); };
-
-    SUBCASE("nothing, when it is the same") {
-        Refill(list, 100, same, 3);
-        CHECK(sim::invalidArea(list).empty());
-        CHECK(sim::paint(list).empty());
+    const auto row = [this](int number) { return list.Layout().RowRect(number - 2); };
+    const struct {
+        const char* what;
+        int selected, sortColumn;
+        std::function<std::string(int)> cells;
+        Rect invalid;
+    } cases[] = {
+        {"nothing", 3, 0, Same, {}},
+        {"out of sight", 3, 0, [](int i) { return ProcessRow(i, i > 60 ? "77" : "05"); }, {}},
+        {"one cell", 3, 0, [](int i) { return ProcessRow(i, i == 5 ? "77" : "05"); }, list.CellRect(5, 4)},
+        {"a hidden cell: another icon", 3, 0, [](int i) { return ProcessRow(i) + (i == 5 ? "1" : ""); }, row(5)},
+        {"the sort mark", 3, 5, Same, list.Layout().header},
+        {"the selection, and the focus rectangle with it",
+         6,
+         0,
+         Same,
+         {0, row(3).top, row(6).right, row(6).bottom}},
+    };
+    for (const auto& one : cases) {
+        CAPTURE(one.what);
+        Refill(100, 3, Same);
+        sim::paint(list);
+        Refill(100, one.selected, one.cells, one.sortColumn);
+        CHECK(sim::invalidArea(list) == one.invalid);
         CHECK(list.TopIndex() == 2);
-        CHECK(list.Selected(3));
-    }
-    SUBCASE("one cell that changed") {
-        Refill(
-            list, 100, [](int i) { return ProcessRow(i, i == 5 ? "77" : "05"); }, 3);
-        const Rect invalid = sim::invalidArea(list);
-        CHECK(invalid == list.Layout().CellRect(5 - 2, 4));
+        CHECK(list.CurrentRow() == one.selected);
         const auto drawn = sim::paint(list);
-        CHECK(Texts(drawn).size() == 1);
-        CHECK(FindText(drawn, "77") != nullptr);
+        if (one.invalid == list.CellRect(5, 4)) CHECK(std::ranges::count(drawn, "text", &sim::Drawn::what) == 1);
     }
-    SUBCASE("a row whose hidden cell changed has another icon") {
-        Refill(
-            list, 100, [](int i) { return ProcessRow(i) + (i == 5 ? "1" : ""); }, 3);
-        CHECK(sim::invalidArea(list) == list.Layout().RowRect(5 - 2));
-    }
-    SUBCASE("changes out of sight") {
-        Refill(
-            list, 100, [](int i) { return ProcessRow(i, i > 60 ? "77" : "05"); }, 3);
-        CHECK(sim::invalidArea(list).empty());
-    }
-    SUBCASE("a selection that moved takes the focus rectangle along") {
-        Refill(list, 100, same, 6);
-        const Rect invalid = sim::invalidArea(list);
-        CHECK(invalid.top == list.Layout().RowRect(1).top);
-        CHECK(invalid.bottom == list.Layout().RowRect(4).bottom);
-        CHECK(list.CurrentRow() == 6);
-    }
-    SUBCASE("the header alone when only the sort mark moves") {
-        Refill(list, 100, same, 3, 5);
-        CHECK(sim::invalidArea(list) == list.Layout().header);
-    }
-    SUBCASE("everything when a bar goes") {
-        Refill(list, 5, same, 3);
-        CHECK(sim::invalidArea(list).height() == list.clientSize().height);
-        CHECK(list.TopIndex() == 0);
-    }
-    SUBCASE("a paint amid the refill is made good afterwards") {
+    Refill(5, 3, Same);  // a bar goes
+    CHECK(sim::invalidArea(list).height() == list.clientSize().height);
+    CHECK(list.TopIndex() == 0);
+}
+
+TEST_CASE_FIXTURE(PaintedList, "a paint amid a change is made good afterwards") {
+    Fill(100);
+    list.focus();
+    list.SetTopIndex(2);
+    Refill(100, 3, Same);
+    sim::run(20);
+    SUBCASE("a refill") {
         list.SetLocked(true);
         list.Clear();
         list.AddItem(ProcessRow(0));
-        sim::paint(list, true);
-        CHECK(Texts(sim::paint(list, true)).size() == 6 + 6);
-        list.SetLocked(false);
-        Refill(list, 100, same, 3);
-        CHECK(Texts(sim::paint(list)).size() > 6 * 9);
+        CHECK(Painted("text").size() == 6 + 6);
+        Refill(100, 3, Same);
+        const auto drawn = sim::paint(list);
+        CHECK(std::ranges::count(drawn, "text", &sim::Drawn::what) > 6 * 9);
         CHECK(sim::pixelAt(list, Cell(3, 5)) == systemColor(SysColor::Highlight));
     }
-    SUBCASE("a paint before the deferred one does not leave a mixed picture") {
+    SUBCASE("scrolling, which waits") {
         list.SetTopIndex(3);
         list.invalidate(list.Layout().RowRect(0));
-        sim::paint(list);  // row 0 shows the selected row 3 now
-        CHECK(sim::pixelAt(list, {300, 30}) == systemColor(SysColor::Highlight));
+        CHECK(PixelAt(300, 30) == systemColor(SysColor::Highlight));  // row 0 shows the selected row 3 now
         list.SetTopIndex(2);
         sim::run(20);
         CHECK(sim::pixelAt(list, {300, 30}) == 0xFFFFFF);
     }
 }
 
+TEST_CASE_FIXTURE(ListFixture, "each property that is set is kept within bounds, named once, and shown at once") {
+    Fill(40);
+    std::string keys;
+    list.PropertyChanged = [&](std::string_view key) { keys += key; };
+    const auto change = [&](std::string_view key, auto set, auto get, auto value, auto kept) {
+        CAPTURE(key);
+        CAPTURE(value);
+        keys.clear();
+        sim::paint(list);
+        (list.*set)(value);
+        CHECK((list.*get)() == kept);
+        CHECK(keys == key);
+        CHECK_FALSE(sim::invalidArea(list).empty());
+    };
+    using List = UcList1;
+    constexpr Color kAny = 0x123456;
+    change("lstBackColor", &List::SetBackColor, &List::BackColor, kAny, kAny);
+    change("lstHighlightTextColor", &List::SetHighlightTextColor, &List::HighlightTextColor, kAny, kAny);
+    change("lstHighlightColor", &List::SetHighlightColor, &List::HighlightColor, kAny, kAny);
+    change("m_lHeaderBackColor", &List::SetHeaderBackColor, &List::HeaderBackColor, kAny, kAny);
+    change("m_lScrollbarColor", &List::SetScrollBarColor, &List::ScrollBarColor, kAny, kAny);
+    for (const auto& [style, kept] : {std::pair{99, 7}, std::pair{-1, 0}, std::pair{5, 5}}) {
+        change("HeaderDrawStyle", &List::SetHeaderDrawStyle, &List::HeaderDrawStyle, style, kept);
+        change("m_lScrollbarDrawStyle", &List::SetScrollbarDrawStyle, &List::ScrollbarDrawStyle, style, kept);
+    }
+    for (const auto& [height, kept] : {std::pair{999, 200}, std::pair{-1, 0}, std::pair{24, 24}}) {
+        change("m_lHeaderHeight", &List::SetHeaderHeight, &List::HeaderHeight, height, kept);
+    }
+
+    list.SetColumnIndex(1);
+    constexpr char kHeader[] = "m_sHeaderProperties";
+    change(kHeader, &List::SetHeaderCaption, &List::HeaderCaption, std::string("Mask"), "Mask");
+    for (const auto& [align, kept] : {std::pair{77, 0}, std::pair{1, 1}}) {
+        change(kHeader, &List::SetListTextAlign, &List::ListTextAlign, align, kept);
+        change(kHeader, &List::SetHeaderTextAlign, &List::HeaderTextAlign, align, kept);
+    }
+    change(kHeader, &List::SetListTextBold, &List::ListTextBold, true, true);
+    change(kHeader, &List::SetListTextColor, &List::ListTextColor, kAny, kAny);
+    change(kHeader, &List::SetHeaderTextBold, &List::HeaderTextBold, true, true);
+    change(kHeader, &List::SetHeaderTextColor, &List::HeaderTextColor, kAny, kAny);
+    change(kHeader, &List::SetColumnWidths, &List::ColumnWidthsText, "9,99", "11,99,60,40,60,70,");
+    CHECK(list.WriteProperties().headerProperties.find("|Mask,1,True,1193046,1,True,1193046,99|") !=
+          std::string::npos);
+    change("ColumnMaxSeen", &List::SetColumnMaxSeen, &List::ColumnMaxSeen, 3, 3);
+    CHECK(list.ColumnIndex() == 3);
+    change("lstColumnCount", &List::SetColumnCount, &List::ColumnCount, 2, 2);
+    CHECK(list.ListCount() == 0);  // rows of another shape
+    CHECK(list.ColumnMaxSeen() == 2);
+
+    keys.clear();
+    list.SetColumnIndex(70);  // there is none
+    list.SetHeaderCaption("Nowhere");
+    list.SetHeaderWidth(50);
+    CHECK(list.HeaderCaption().empty());
+    CHECK(list.HeaderWidth() == 0);
+    CHECK(keys.empty());
+}
+
 TEST_CASE_FIXTURE(ListFixture, "properties come back as they were read, within reason") {
     UcListProperties properties = test::ProcessProperties();
     properties.backColor = 0x010203;
-    properties.headerHeight = 24;
     list.ReadProperties(properties);
-    const UcListProperties written = list.WriteProperties();
-    CHECK(written.headerProperties == test::kProcessColumns);
-    CHECK(written.columnCount == 7);
-    CHECK(written.columnMaxSeen == 6);
-    CHECK(written.backColor == 0x010203);
-    CHECK(written.headerHeight == 24);
-    CHECK(written.scrollbarColor == 13160660);
+    CHECK(list.WriteProperties().headerProperties == test::kProcessColumns);
+    CHECK(list.WriteProperties().columnCount == 7);
+    CHECK(list.WriteProperties().columnMaxSeen == 6);
+    CHECK(list.WriteProperties().backColor == 0x010203);
 
-    SUBCASE("the column addressed by ColumnIndex") {
-        std::string keys;
-        list.PropertyChanged = [&](std::string_view key) { keys += std::string(key) + ' '; };
-        list.SetColumnIndex(1);
-        list.SetHeaderCaption("Mask");
-        list.SetHeaderWidth(99);
-        list.SetColumnIndex(70);
-        list.SetHeaderCaption("Nowhere");
-        CHECK(list.HeaderCaption().empty());
-        CHECK(list.WriteProperties().headerProperties.find("|Mask,2,False,0,2,False,0,99|") != std::string::npos);
-        list.SetColumnMaxSeen(3);
-        CHECK(list.ColumnIndex() == 3);
-        CHECK(keys == "m_sHeaderProperties m_sHeaderProperties ColumnMaxSeen ");
-    }
-    SUBCASE("a new count takes the rows away") {
-        Fill(3);
-        list.SetColumnCount(2);
-        CHECK(list.ListCount() == 0);
-        CHECK(list.ColumnMaxSeen() == 2);
-        list.AddItem("a\tb\tc");
-        CHECK(list.List(0, -1) == "a\tb");
-    }
-    SUBCASE("absurd values are brought into range") {
-        properties.columnCount = 2000000000;
-        properties.headerHeight = -5;
-        properties.headerDrawStyle = 99;
-        properties.columnMaxSeen = -1;
-        list.ReadProperties(properties);
-        list.AddItem("a");
-        CHECK_FALSE(sim::paint(list, true).empty());
-        CHECK(list.ColumnCount() == UcListModel::kMaxColumns);
-        CHECK(list.HeaderDrawStyle() == 7);
-    }
-    SUBCASE("dropped files are handed on") {
-        std::vector<std::string> dropped;
-        list.FilesDropped = [&](const std::vector<std::string>& paths) { dropped = paths; };
-        list.acceptFiles(true);
-        sim::dropFiles(list, {"C:\\a.exe", "C:\\b.exe"});
-        CHECK(dropped.size() == 2);
-    }
+    properties.columnCount = 2000000000;
+    properties.headerHeight = -5;
+    properties.headerDrawStyle = 99;
+    properties.columnMaxSeen = -1;
+    list.ReadProperties(properties);
+    list.AddItem("a");
+    CHECK_FALSE(sim::paint(list, true).empty());
+    CHECK(list.ColumnCount() == UcListModel::kMaxColumns);
+    CHECK(list.HeaderDrawStyle() == 7);
+    CHECK(list.HeaderHeight() == 0);
 }

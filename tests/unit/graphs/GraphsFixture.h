@@ -19,6 +19,7 @@ using platform::Point;
 using platform::Rect;
 using Launched = graphs::CpuGraphs::Launched;
 
+inline constexpr platform::Size kSize{101, 102};  // of a graph
 inline constexpr Color kYellow = platform::rgb(255, 255, 0);
 inline constexpr Color kGreen = platform::rgb(0, 255, 0);
 
@@ -46,12 +47,9 @@ struct Desk {
     graphs::iCPU& Open(const std::string& name = "notepad.exe", double load = 0) {
         const platform::ProcessId id = Run(name, load);
         REQUIRE(graphs.Launch(name, id) == Launched::Opened);
-        for (int slot = 1; slot <= settings::kGraphSlots; ++slot) {
-            graphs::iCPU* graph = graphs.InSlot(slot);
-            if (graph != nullptr && graph->PID() == id) return *graph;
-        }
-        FAIL("no graph");
-        return *graphs.InSlot(1);
+        int slot = 1;
+        while (graphs.InSlot(slot) == nullptr || graphs.InSlot(slot)->PID() != id) ++slot;
+        return *graphs.InSlot(slot);
     }
     static void Tick(int count = 1) {
         for (int tick = 0; tick < count; ++tick) sim::run(graphs::kSampleMilliseconds);
@@ -71,30 +69,23 @@ struct Desk {
 // it first.
 inline void Choose(platform::Window& window, const std::string& text,
                    const std::function<void(const std::vector<platform::MenuItem>&)>& look = {}) {
-    sim::whenMenu([&](const std::vector<platform::MenuItem>& items) {
+    sim::whenMenu([&](std::vector<platform::MenuItem> items) {
         if (look) look(items);
-        for (const auto& item : items) {
-            if (item.text == text) return item.id;
-            for (const auto& inner : item.submenu) {
-                if (inner.text == text) return inner.id;
-            }
-        }
-        return 0;
+        const auto inner = items[0].submenu;
+        items.insert(items.end(), inner.begin(), inner.end());
+        const auto chosen = std::ranges::find(items, text, &platform::MenuItem::text);
+        return chosen == items.end() || text.empty() ? 0 : chosen->id;
     });
     sim::click(window, {50, 60}, platform::MouseButton::Right);
 }
 
-// "text", "text*" when checked, "-" for a separator, "text > first, second*" with a menu of its own.
-inline std::vector<std::string> Described(const std::vector<platform::MenuItem>& items) {
-    std::vector<std::string> described;
+// Items parted by "|": "text", "text*" when checked, "-" for a separator, "text (first|second*)" with a menu.
+inline std::string Described(const std::vector<platform::MenuItem>& items) {
+    std::string described;
     for (const auto& item : items) {
-        std::string text = item.id == 0 ? "-" : item.text + (item.checked ? "*" : "");
-        const char* before = " > ";
-        for (const std::string& inner : Described(item.submenu)) {
-            text += before + inner;
-            before = ", ";
-        }
-        described.push_back(text);
+        if (!described.empty()) described += '|';
+        described += item.id == 0 ? "-" : item.text + (item.checked ? "*" : "");
+        if (!item.submenu.empty()) described += " (" + Described(item.submenu) + ")";
     }
     return described;
 }

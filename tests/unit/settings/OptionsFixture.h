@@ -32,11 +32,8 @@ struct FakeHost : settings::OptionsHost {
     void ShowTotalGraph() override { Note("total"); }
     void ViewHelp() override { Note("help"); }
     void ResetColumns() override { Note("columns"); }
-    void Restart() override { End("restart"); }
-    void RestoreDefaults() override {
-        settings::Settings().DeleteSection();
-        End("defaults");
-    }
+    void Restart() override { Note("restart"); }
+    void RestoreDefaults() override { Note("defaults"); }
     std::string ProfileCaption(int number) const override {
         return "My Favs " + std::to_string(number) + (profiles.count(number) != 0 ? "" : " (Empty)");
     }
@@ -44,25 +41,15 @@ struct FakeHost : settings::OptionsHost {
         return "/My Favs " + std::to_string(profile) + (seconds > 0 ? " /Enforce " + std::to_string(seconds) : "");
     }
     void Note(const std::string& call) { calls.push_back(call); }
-    // Takes everything along, as the end of the program does.
-    void End(const std::string& call) {
-        Note(call);
-        program->destroy();
-    }
 
     std::vector<std::string> calls;
     std::set<int> profiles{1, 3};
-    platform::Window* program = nullptr;
 };
 
 struct OptionsBench {
     OptionsBench() {
-        platform::WindowSpec spec;
-        spec.kind = platform::WindowKind::Main;
-        spec.bounds = {200, 100, 1000, 600};
-        REQUIRE(owner.create(spec));
+        REQUIRE(owner.create({platform::WindowKind::Main, "Form1", "Form1", nullptr, {200, 100, 1000, 600}}));
         owner.show(platform::ShowCommand::Show);
-        host.program = &owner;
     }
     // Opens the dialog, has `script` use it, and closes it by Escape if it is still there.
     void Show(const std::function<void()>& script) {

@@ -1,326 +1,280 @@
 // The options dialog, as its user meets it.
+#include <map>
+
 #include "OptionsFixture.h"
 
+using platform::Rect;
 using settings::Key;
 using settings::OptionTable;
 
 namespace {
 
-// Options that write one key at once, and nothing else that needs a file or an answer.
-bool Plain(const OptionInfo& info) {
-    const bool jr = info.option == Option::CboFavJr || info.option == Option::CboEnforceJr;
-    const bool kind = info.kind == OptionKind::Check || info.kind == OptionKind::List;
-    return info.key != Key::Count && kind && !jr && info.option != Option::ChkShadow;
+// What the program is asked for when an option goes off and on, where that is more than to look at its key.
+const std::map<Option, Calls> kEffects = {
+    {Option::ChkHotKey, {"hotkeys off", "hotkeys on"}},
+    {Option::ChkEdgeDetect, {"edge off", "edge on"}},
+    {Option::ChkSeeThru, {"translucent 85", "transparent"}},
+    {Option::ChkCPUGraphTop, Calls(2, "graph options")},
+    {Option::ChkCpuTips, Calls(2, "graph options")},
+    {Option::CboGphCap, Calls(2, "colours")},
+    {Option::CboGphVal, Calls(2, "colours")},
+    {Option::CboTrayType, Calls(2, "tray")},
+    {Option::CboTrayColr, Calls(2, "tray")},
+    {Option::CboTrayBrdr, Calls(2, "tray")},
+};
+
+Calls Effect(const OptionInfo& info, int on) {
+    const auto found = kEffects.find(info.option);
+    return {found != kEffects.end() ? found->second[on] : std::string("changed ") + InfoOf(info.key).name};
 }
 
-std::string Effect(const OptionInfo& info, bool on) {
-    switch (info.option) {
-        case Option::ChkHotKey:
-            return on ? "hotkeys on" : "hotkeys off";
-        case Option::ChkEdgeDetect:
-            return on ? "edge on" : "edge off";
-        case Option::ChkSeeThru:
-            return on ? "transparent" : "translucent 85";
-        case Option::ChkCPUGraphTop:
-        case Option::ChkCpuTips:
-            return "graph options";
-        case Option::CboGphCap:
-        case Option::CboGphVal:
-            return "colours";
-        case Option::CboTrayType:
-        case Option::CboTrayColr:
-        case Option::CboTrayBrdr:
-            return "tray";
-        default:
-            return std::string("changed ") + InfoOf(info.key).name;
-    }
+// Options that write one key at once, and nothing else that needs a file or an answer.
+bool Plain(const OptionInfo& info, OptionKind kind) {
+    const bool jr = info.option == Option::CboFavJr || info.option == Option::CboEnforceJr;
+    return info.kind == kind && info.key != Key::Count && !jr && info.option != Option::ChkShadow;
 }
 
 }  // namespace
 
-TEST_CASE("every check box writes its key by mouse and by keyboard, and takes effect at once") {
-    OptionsBench bench;
-    bench.Show([&] {
-        for (const OptionInfo& info : OptionTable()) {
-            if (!Plain(info) || info.kind != OptionKind::Check) continue;
-            CAPTURE(info.name);
-            const bool truth = InfoOf(info.key).type == settings::KeyType::Bool;
-            const bool before = truth ? bench.store.Bool(info.key) : bench.store.Number(info.key) == 1;
-            CHECK(bench.Check(info.option).Value() == before);
-            const std::string stored[] = {truth ? "False" : "0", truth ? "True" : "1"};
-            bench.Click(info.option);
-            CHECK(OptionsBench::Stored(info.key) == stored[before ? 0 : 1]);
-            CHECK(bench.TakeCalls() == Calls{Effect(info, !before)});
-            CHECK(bench.dialog.ControlOf(info.option).focused());
-            sim::pressKey(key::kSpace);
-            CHECK(OptionsBench::Stored(info.key) == stored[before ? 1 : 0]);
-            CHECK(bench.TakeCalls() == Calls{Effect(info, before)});
-        }
-    });
+TEST_CASE_FIXTURE(OptionsBench, "every check box writes its key by mouse and keyboard, and takes effect at once") {
+    dialog.Show(owner);
+    for (const OptionInfo& info : OptionTable()) {
+        if (!Plain(info, OptionKind::Check)) continue;
+        CAPTURE(info.name);
+        const bool truth = InfoOf(info.key).type == settings::KeyType::Bool;
+        const int before = truth ? store.Bool(info.key) : store.Number(info.key);
+        CHECK(Check(info.option).Value() == (before == 1));
+        const std::string stored[] = {truth ? "False" : "0", truth ? "True" : "1"};
+        Click(info.option);
+        CHECK(Stored(info.key) == stored[1 - before]);
+        CHECK(TakeCalls() == Effect(info, 1 - before));
+        CHECK(dialog.ControlOf(info.option).focused());
+        sim::pressKey(key::kSpace);
+        CHECK(Stored(info.key) == stored[before]);
+        CHECK(TakeCalls() == Effect(info, before));
+    }
+    sim::closeBox(dialog);
 }
 
-TEST_CASE("every list writes the index of the entry picked by mouse and by keyboard") {
-    OptionsBench bench;
-    bench.Show([&] {
-        for (const OptionInfo& info : OptionTable()) {
-            if (!Plain(info) || info.kind != OptionKind::List) continue;
-            CAPTURE(info.name);
-            const int last = ItemCount(info.items) - 1;
-            bench.Click(info.option);
-            sim::pressKey(key::kEnd);
-            CHECK(bench.TakeCalls().empty());  // nothing is picked yet
-            sim::pressKey(key::kEnter);
-            CHECK(OptionsBench::Stored(info.key) == std::to_string(last));
-            CHECK(bench.TakeCalls() == Calls{Effect(info, true)});
-            sim::pressKey(key::kUp);
-            CHECK(OptionsBench::Stored(info.key) == std::to_string(last - 1));
-            CHECK(bench.TakeCalls() == Calls{Effect(info, true)});
-            // Drawn down to the second row and let go.
-            platform::Window& face = bench.dialog.ControlOf(info.option);
-            sim::mouseDown(face, {6, 6});
-            sim::pressKey(key::kHome);
-            platform::Window& list = *sim::topLevelWindows().back();
-            const int arrow = list.clientSize().height == 13 * (last + 1) ? 0 : 9;  // of a list that scrolls
-            const platform::Point row = list.toScreen({9, arrow + 13 + 7}), corner = face.toScreen({0, 0});
-            sim::mouseUp(face, {row.x - corner.x, row.y - corner.y});
-            CHECK(OptionsBench::Stored(info.key) == "1");
-            bench.TakeCalls();
-        }
-    });
-}
-
-TEST_CASE("lists offer what their keys mean") {
-    OptionsBench bench;
-    const auto shownWith = [&](Option option, const std::string& stored) {
-        OptionsBench::Store(InfoOf(option).key, stored);
-        std::string shown;
-        bench.Show([&] {
-            bench.Turn(InfoOf(option).page);
-            shown = bench.Shown(option);
-        });
-        CHECK(OptionsBench::Stored(InfoOf(option).key) == stored);  // looking changes nothing
-        return shown;
-    };
-    CHECK(shownWith(Option::CboEnforce, "0") == "10 seconds");
-    CHECK(shownWith(Option::CboEnforce, "29") == "300 seconds");
-    CHECK(shownWith(Option::CboEnforceJr, "0") == "Disabled");
-    CHECK(shownWith(Option::CboEnforceJr, "30") == "300 seconds");
-    CHECK(shownWith(Option::CboTrayType, "3") == "Number Sml");
-    CHECK(shownWith(Option::CboGphVal, "4") == "Purple");
-    CHECK(shownWith(Option::CboFav, "2") == "My Favs 3");
-    CHECK(shownWith(Option::CboFavJr, "4") == "My Favs 5 (Empty)");
-    // Damaged ones.
-    CHECK(shownWith(Option::CboEnforce, "30") == "300 seconds");
-    CHECK(shownWith(Option::CboEnforce, "-4") == "10 seconds");
-    CHECK(shownWith(Option::CboEnforceJr, "99999") == "300 seconds");
-    CHECK(shownWith(Option::CboFav, "7") == "My Favs 5 (Empty)");
-    CHECK(shownWith(Option::CboTrayColr, "8") == "Black");  // as it is drawn
-    CHECK(shownWith(Option::CboTrayType, "9") == "Disabled");
-    CHECK(shownWith(Option::CboGphCap, "red") == "Black");
-    OptionsBench::Store(Key::Hotkey, "7");
-    OptionsBench::Store(Key::SeeThruCPU, "perhaps");
-    bench.Show([&] {
-        CHECK_FALSE(bench.Check(Option::ChkHotKey).Value());
-        CHECK_FALSE(bench.Check(Option::ChkSeeThru).Value());
-    });
-}
-
-TEST_CASE("profile lists can be filled anew while they are shown") {
-    OptionsBench bench;
-    bench.dialog.RefillProfiles();  // there is nothing to fill
-    bench.Show([&] {
-        bench.Turn(OptionPage::StartUp);
-        CHECK(bench.Shown(Option::CboFav) == "My Favs 1");
-        OptionsBench::Store(Key::FavName, "1");
-        bench.host.profiles = {2};
-        bench.dialog.RefillProfiles();
-        CHECK(bench.Shown(Option::CboFav) == "My Favs 2");
-        CHECK(bench.Shown(Option::CboFavJr) == "My Favs 1 (Empty)");
-        CHECK(OptionsBench::Stored(Key::FavNameJr) == "(none)");
-    });
-}
-
-TEST_CASE("the translucency counts while the graphs are not transparent, and is kept when the dialog closes") {
-    OptionsBench bench;
-    bench.Show([&] {
-        bench.Turn(OptionPage::CpuGraphs);
-        REQUIRE(sim::findWindow("Translucency: 85%") != nullptr);
-        bench.Click(Option::ChkSeeThru);
-        CHECK(sim::findWindow("Translucency: Off") != nullptr);
-        CHECK_FALSE(bench.Slider().Enabled());
-        CHECK_FALSE(sim::findWindow("Translucency: Off")->enabled());
-        bench.Click(Option::ChkSeeThru);
-        CHECK(sim::findWindow("Translucency: 85%") != nullptr);
-        bench.TakeCalls();
-
-        bench.Slider().focus();
-        sim::pressKey(key::kRight);
-        CHECK(sim::findWindow("Translucency: 86%") != nullptr);
+TEST_CASE_FIXTURE(OptionsBench, "every list writes the index of the entry picked by mouse and by keyboard") {
+    dialog.Show(owner);
+    for (const OptionInfo& info : OptionTable()) {
+        if (!Plain(info, OptionKind::List)) continue;
+        CAPTURE(info.name);
+        const int last = ItemCount(info.items) - 1;
+        Click(info.option);
         sim::pressKey(key::kEnd);
-        sim::mouseDown(bench.Slider(), {0, 3});
-        CHECK(sim::findWindow("Translucency: 0%") != nullptr);
-        sim::setPointer(bench.Slider(), {bench.Slider().clientSize().width / 2, 3});
-        sim::mouseUp(bench.Slider(), {bench.Slider().clientSize().width / 2, 3});
-        CHECK(sim::findWindow("Translucency: 50%") != nullptr);
-        CHECK(bench.TakeCalls() == Calls{"translucent 86", "translucent 100", "translucent 0", "translucent 50"});
-        CHECK(OptionsBench::Stored(Key::TransLevel) == "(none)");
-    });
-    CHECK(OptionsBench::Stored(Key::TransLevel) == "50");
-
-    OptionsBench::Store(Key::SeeThruCPU, "True");
-    OptionsBench::Store(Key::TransLevel, "-20");
-    bench.Show([&] {
-        CHECK(sim::findWindow("Translucency: Off") != nullptr);
-        bench.Click(Option::ChkSeeThru);
-        CHECK(bench.TakeCalls() == Calls{"translucent 0"});
-        sim::closeBox(bench.dialog);
-    });
-    CHECK(OptionsBench::Stored(Key::TransLevel) == "0");
+        CHECK(TakeCalls().empty());  // nothing is picked yet
+        sim::pressKey(key::kEnter);
+        CHECK(Stored(info.key) == std::to_string(last));
+        CHECK(TakeCalls() == Effect(info, 1));
+        sim::pressKey(key::kUp);
+        CHECK(Stored(info.key) == std::to_string(last - 1));
+        CHECK(TakeCalls() == Effect(info, 1));
+    }
+    sim::closeBox(dialog);
 }
 
-TEST_CASE("what cannot be taken back is asked for first") {
-    OptionsBench bench;
-    bench.Show([&] {
-        bench.Answer('N');
-        bench.Click(Option::ChkShadow);
-        CHECK(OptionsBench::Stored(Key::Shadow) == "1");  // for the next start
-        bench.Answer('N');
-        bench.Click(Option::CmdHdrW);
-        bench.Answer('N');
-        bench.Click(Option::CmdClean);
-        CHECK(bench.TakeCalls().empty());
-        CHECK(bench.dialog.ControlOf(Option::CmdClean).focused());
-        bench.Answer('Y');
-        bench.Click(Option::CmdHdrW);
-        CHECK(bench.TakeCalls() == Calls{"columns"});
+TEST_CASE_FIXTURE(OptionsBench, "lists offer what their keys mean, damaged ones the nearest to it") {
+    const struct {
+        Option option;
+        std::string stored, shown;
+    } cases[] = {
+        {Option::CboEnforce, "0", "10 seconds"},    {Option::CboEnforce, "29", "300 seconds"},
+        {Option::CboEnforceJr, "0", "Disabled"},    {Option::CboEnforceJr, "30", "300 seconds"},
+        {Option::CboTrayType, "3", "Number Sml"},   {Option::CboGphVal, "4", "Purple"},
+        {Option::CboFav, "2", "My Favs 3"},         {Option::CboFavJr, "4", "My Favs 5 (Empty)"},
+        {Option::CboEnforce, "30", "300 seconds"},  {Option::CboEnforce, "-4", "10 seconds"},
+        {Option::CboFav, "7", "My Favs 5 (Empty)"}, {Option::CboTrayColr, "8", "Black"},  // as it is drawn
+        {Option::CboTrayType, "9", "Disabled"},
+    };
+    for (const auto& one : cases) {
+        const Key key = InfoOf(one.option).key;
+        Store(key, one.stored);
+        Show([&] {
+            Turn(InfoOf(one.option).page);
+            CHECK(Shown(one.option) == one.shown);
+        });
+        CHECK(Stored(key) == one.stored);  // looking changes nothing
+    }
+    Store(Key::Hotkey, "7");
+    Store(Key::SeeThruCPU, "perhaps");
+    Show([&] {
+        for (const auto option : {Option::ChkHotKey, Option::ChkSeeThru}) CHECK_FALSE(Check(option).Value());
     });
-    CHECK(bench.messages == Calls{"Kestrum - Info: Kestrum must be restarted to see effect. Restart Kestrum 2 now?",
-                                  "Kestrum - Info: Reset column widths and splitter bar to defaults?",
-                                  "Kestrum - Info: Delete all saved interface settings and exit?",
-                                  "Kestrum - Info: Reset column widths and splitter bar to defaults?"});
+}
+
+TEST_CASE_FIXTURE(OptionsBench, "profile lists can be filled anew while they are shown") {
+    Show([&] {
+        Turn(OptionPage::StartUp);
+        Store(Key::FavName, "1");
+        host.profiles = {2};
+        dialog.RefillProfiles();
+        CHECK(Shown(Option::CboFav) == "My Favs 2");
+        CHECK(Shown(Option::CboFavJr) == "My Favs 1 (Empty)");
+    });
+}
+
+TEST_CASE_FIXTURE(OptionsBench, "the translucency counts while graphs are opaque, and is kept at the end") {
+    const auto says = [](const std::string& level) { return sim::findWindow("Translucency: " + level) != nullptr; };
+    Show([&] {
+        Turn(OptionPage::CpuGraphs);
+        CHECK(says("85%"));
+        Click(Option::ChkSeeThru);
+        CHECK(says("Off"));
+        CHECK_FALSE(Slider().Enabled());
+        Click(Option::ChkSeeThru);
+        CHECK(says("85%"));
+        TakeCalls();
+
+        Slider().focus();
+        sim::pressKey(key::kRight);
+        CHECK(says("86%"));
+        sim::pressKey(key::kEnd);
+        sim::mouseDown(Slider(), {0, 3});
+        CHECK(says("0%"));
+        sim::mouseUp(Slider(), {Slider().clientSize().width / 2, 3});
+        sim::pressKey(key::kPageDown);
+        CHECK(says("10%"));
+        CHECK(TakeCalls() == Calls{"translucent 86", "translucent 100", "translucent 0", "translucent 10"});
+        CHECK(Stored(Key::TransLevel) == "(none)");
+    });
+    CHECK(Stored(Key::TransLevel) == "10");
+
+    Store(Key::SeeThruCPU, "True");
+    Store(Key::TransLevel, "-20");
+    Show([&] {
+        CHECK(says("Off"));
+        Click(Option::ChkSeeThru);
+        CHECK(TakeCalls() == Calls{"translucent 0"});
+        sim::closeBox(dialog);
+    });
+    CHECK(Stored(Key::TransLevel) == "0");
+}
+
+TEST_CASE_FIXTURE(OptionsBench, "what cannot be taken back is asked for first") {
+    Show([&] {
+        Answer('N');
+        Click(Option::ChkShadow);
+        CHECK(Stored(Key::Shadow) == "1");  // for the next start
+        Answer('N');
+        Click(Option::CmdHdrW);
+        Answer('N');
+        Click(Option::CmdClean);
+        CHECK(TakeCalls().empty());
+        CHECK(dialog.ControlOf(Option::CmdClean).focused());
+        Answer('Y');
+        Click(Option::CmdHdrW);
+        CHECK(TakeCalls() == Calls{"columns"});
+    });
+    CHECK(messages == Calls{"Kestrum - Info: Kestrum must be restarted to see effect. Restart Kestrum 2 now?",
+                            "Kestrum - Info: Reset column widths and splitter bar to defaults?",
+                            "Kestrum - Info: Delete all saved interface settings and exit?",
+                            "Kestrum - Info: Reset column widths and splitter bar to defaults?"});
+    CHECK(sim::sounds() == Calls(4, "SystemQuestion"));
+    Show([&] {
+        Click(Option::ChkMsgBeep);
+        Answer('N');
+        Click(Option::CmdHdrW);
+    });
     CHECK(sim::sounds().size() == 4);
-    bench.Show([&] {
-        bench.Click(Option::ChkMsgBeep);
-        bench.Answer('N');
-        bench.Click(Option::CmdHdrW);
-    });
-    CHECK(sim::sounds().size() == 4);
 }
 
-TEST_CASE("the program may end beneath the dialog") {
-    OptionsBench bench;
-    bench.Show([&] {
-        bench.Turn(OptionPage::CpuGraphs);
-        bench.Slider().focus();
-        sim::pressKey(key::kHome);
-        bench.Answer('Y');
-        bench.Click(Option::ChkShadow);
-        CHECK_FALSE(bench.dialog.exists());
-    });
-    CHECK(bench.host.calls.back() == "restart");
-    CHECK(OptionsBench::Stored(Key::TransLevel) == "0");
-
-    OptionsBench another;
-    OptionsBench::Store(Key::MiniMe, "1");
-    another.Show([&] {
-        another.Answer('Y');
-        another.Click(Option::CmdClean);
-    });
-    CHECK(another.host.calls == Calls{"defaults"});
-    for (const char* name : {"MiniMe", "TransLevel"}) CHECK(OptionsBench::Stored(name) == "(none)");
-}
-
-TEST_CASE("the dialog opens on the first page and only the page in view takes part") {
-    OptionsBench bench;
-    bench.Show([&] {
-        CHECK(bench.dialog.text() == "Kestrum Options");
-        CHECK(bench.dialog.PageButton(OptionPage::Misc).focused());
-        platform::Size size = bench.dialog.clientSize();
+TEST_CASE_FIXTURE(OptionsBench, "the dialog opens on the first page and only the page in view takes part") {
+    Show([&] {
+        CHECK(dialog.text() == "Kestrum Options");
+        const auto& misc = dialog.PageButton(OptionPage::Misc);
+        CHECK(misc.focused());
+        const platform::Size size = dialog.clientSize();
         for (int page = 0; page < settings::kOptionPages; ++page) {
             const auto shown = static_cast<OptionPage>(page);
-            for (const OptionInfo& info : OptionTable()) {
-                CAPTURE(info.name);
-                const bool here = info.page == shown || info.page == OptionPage::Below;
-                CHECK(bench.dialog.ControlOf(info.option).visible() == here);
-            }
-            CHECK(bench.dialog.PageButton(shown).Active());
-            CHECK(bench.dialog.clientSize() == size);
+            CHECK(dialog.PageButton(shown).Active());
+            CHECK(dialog.clientSize() == size);
             // Tab leads from the page buttons through the page, as the table has it, and around.
             for (int i = page; i < settings::kOptionPages; ++i) sim::pressKey(key::kTab);
             for (const OptionInfo& info : OptionTable()) {
-                if (info.page != shown && info.page != OptionPage::Below) continue;
                 CAPTURE(info.name);
-                CHECK(bench.dialog.ControlOf(info.option).focused());
-                sim::pressKey(key::kTab);
+                const bool here = info.page == shown || info.page == OptionPage::Below;
+                CHECK(dialog.ControlOf(info.option).visible() == here);
+                CHECK(dialog.ControlOf(info.option).focused() == here);
+                if (here) sim::pressKey(key::kTab);
             }
-            CHECK(bench.dialog.PageButton(OptionPage::Misc).focused());
+            CHECK(misc.focused());
             sim::pressKey(key::kPageDown, {.ctrl = true});
         }
-        CHECK(bench.dialog.PageButton(OptionPage::Misc).Active());
+        CHECK(misc.Active());
         sim::pressKey(key::kLeft);
-        CHECK(bench.dialog.PageButton(OptionPage::StartUp).Active());
-        CHECK_FALSE(bench.dialog.PageButton(OptionPage::Misc).Active());
-        CHECK(bench.dialog.PageButton(OptionPage::StartUp).focused());
+        CHECK_FALSE(misc.Active());
+        CHECK(dialog.PageButton(OptionPage::StartUp).Active());
+        CHECK(dialog.PageButton(OptionPage::StartUp).focused());
     });
 }
 
-TEST_CASE("nothing overlaps and nothing is cut off") {
-    OptionsBench bench;
-    bench.Show([&] {
-        const auto inside = [](const platform::Rect& inner, const platform::Rect& outer) {
-            return inner.intersect(outer) == inner && !inner.empty();
-        };
-        const platform::Rect whole = platform::Rect::fromSize({0, 0}, bench.dialog.clientSize());
-        const platform::Rect page = platform::Rect::fromSize({0, 0}, sim::findWindow("Framez0")->clientSize());
+TEST_CASE_FIXTURE(OptionsBench, "nothing overlaps and nothing is cut off") {
+    Show([&] {
+        const auto areaOf = [](const platform::Window& window) { return Rect::fromSize({}, window.clientSize()); };
         for (const OptionInfo& info : OptionTable()) {
             CAPTURE(info.name);
-            const platform::Rect bounds = bench.dialog.ControlOf(info.option).bounds();
-            CHECK(inside(bounds, info.page == OptionPage::Below ? whole : page));
-            if (info.kind == OptionKind::Check)
-                CHECK(bounds.width() >= bench.Check(info.option).PreferredSize().width);
-            if (info.kind == OptionKind::List)
-                CHECK(bounds.width() >= bench.List(info.option).PreferredSize().width);
+            const bool below = info.page == OptionPage::Below;
+            const Rect bounds = dialog.ControlOf(info.option).bounds();
+            CHECK_FALSE(bounds.empty());
+            CHECK(bounds.intersect(areaOf(below ? dialog : *sim::findWindow("Framez0"))) == bounds);
+            if (info.kind == OptionKind::Check) CHECK(bounds.width() >= Check(info.option).PreferredSize().width);
+            if (info.kind == OptionKind::List) CHECK(bounds.width() >= List(info.option).PreferredSize().width);
             for (const OptionInfo& other : OptionTable()) {
                 if (&other == &info || other.page != info.page) continue;
-                CHECK_FALSE(bounds.intersects(bench.dialog.ControlOf(other.option).bounds()));
+                CHECK_FALSE(bounds.intersects(dialog.ControlOf(other.option).bounds()));
             }
         }
-        for (const char* label : {"Translucency: 85%", "Jr. EnForce Interval", "Morvell Software 2010"}) {
+        for (const std::string label : {"Translucency: 85%", "Jr. EnForce Interval", "Morvell Software 2010"}) {
             CAPTURE(label);
             REQUIRE(sim::findWindow(label) != nullptr);
-            CHECK(sim::findWindow(label)->clientSize().width >= 6 * static_cast<int>(std::string(label).size()));
+            CHECK(sim::findWindow(label)->clientSize().width >=
+                  platform::textSize(label, platform::Font::Normal).width);
         }
-        const platform::Rect box = bench.dialog.bounds(), over = bench.owner.bounds();
+        const Rect box = dialog.bounds(), over = owner.bounds();
         CHECK(std::abs(box.left + box.right - over.left - over.right) <= 1);
         CHECK(std::abs(box.top + box.bottom - over.top - over.bottom) <= 1);
     });
 }
 
-TEST_CASE("controls explain themselves, the buttons below do what they say") {
-    OptionsBench bench;
-    bench.Show([&] {
+TEST_CASE_FIXTURE(OptionsBench, "who comes back from another window finds the control that had the focus") {
+    Show([&] {
+        for (const auto option : {Option::ChkMsgBeep, Option::CboTrayType, Option::CmdExit}) {
+            platform::Window& control = dialog.ControlOf(option);
+            control.focus();
+            dialog.focus();  // as its frame gets it
+            CHECK(control.focused());
+        }
+        sim::pressKey(key::kPageDown, {.ctrl = true});  // what had it is on a page that is gone
+        dialog.focus();
+        CHECK(dialog.PageButton(OptionPage::CpuGraphs).focused());
+    });
+}
+
+TEST_CASE_FIXTURE(OptionsBench, "controls explain themselves, the buttons below do what they say") {
+    Show([&] {
         for (const OptionInfo& info : OptionTable()) {
             if (info.tipText == nullptr) continue;
             CAPTURE(info.name);
-            bench.Turn(info.page);
-            sim::setPointer(bench.dialog.ControlOf(info.option),
-                            {5, 5});  // told to the button that holds the mouse
-            sim::setPointer(bench.dialog.ControlOf(info.option), {6, 5});
+            Turn(info.page);
+            sim::setPointer(dialog.ControlOf(info.option), {5, 5});  // told to the button that holds the mouse
+            sim::setPointer(dialog.ControlOf(info.option), {6, 5});
             REQUIRE(sim::tips().size() == 1);
             CHECK(sim::tips()[0].title == info.tipTitle);
             CHECK(sim::tips()[0].text == info.tipText);
         }
-        bench.Click(Option::CmdHelp);
+        Click(Option::CmdHelp);
         sim::pressKey(key::kF1);
-        bench.Click(Option::CmdShowTtl);
-        CHECK(bench.TakeCalls() == Calls{"help", "help", "total"});
+        Click(Option::CmdShowTtl);
+        CHECK(TakeCalls() == Calls{"help", "help", "total"});
         // Escape closes a dropped list first.
-        bench.Click(Option::CboGphCap);
+        Click(Option::CboGphCap);
         sim::pressKey(key::kEscape);
-        CHECK(bench.dialog.exists());
-        CHECK_FALSE(bench.List(Option::CboGphCap).Dropped());
-        bench.Click(Option::CmdExit);
-        CHECK_FALSE(bench.dialog.exists());
+        CHECK(dialog.exists());
+        CHECK_FALSE(List(Option::CboGphCap).Dropped());
+        Click(Option::CmdExit);
+        CHECK_FALSE(dialog.exists());
     });
     CHECK(sim::openHandles("window") == 1);
 }

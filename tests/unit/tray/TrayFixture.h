@@ -12,13 +12,12 @@
 #include "platform/Window.h"
 #include "platform/sim/Sim.h"
 
+struct FreshMachine {
+    FreshMachine() { platform::sim::reset(); }
+};
+
 struct IconOwner : platform::Window {
-    IconOwner() {
-        platform::WindowSpec spec;
-        spec.kind = platform::WindowKind::Main;
-        spec.bounds = {0, 0, 100, 100};
-        REQUIRE(create(spec));
-    }
+    IconOwner() { REQUIRE(create({platform::WindowKind::Main, "Form1", "Form1", nullptr, {0, 0, 100, 100}})); }
 };
 
 // Pixels row by row; kUnpainted where the icon is transparent, empty for no icon.

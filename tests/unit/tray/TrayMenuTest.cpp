@@ -1,10 +1,7 @@
 #include "tray/TrayMenu.h"
 
-#include <doctest/doctest.h>
-
-#include <algorithm>
+#include <functional>
 #include <string>
-#include <vector>
 
 #include "TrayFixture.h"
 #include "platform/Menu.h"
@@ -13,7 +10,6 @@ namespace sim = platform::sim;
 using platform::Color;
 using platform::MenuItem;
 using platform::SysColor;
-using tray::TrayMenuState;
 
 namespace {
 
@@ -24,110 +20,90 @@ Color ColorOfPicture(int index) {
     return platform::rgb(10 + index, 20, 30);
 }
 
-// Five squares of different colours, with three pixels of white around each.
-void PutArtwork() {
-    std::vector<Color> pixels;
-    for (int y = 0; y < kSide; ++y) {
-        for (int x = 0; x < kPictures * kSide; ++x) {
-            const bool inside = platform::Rect{3, 3, kSide - 3, kSide - 3}.contains({x % kSide, y});
-            pixels.push_back(inside ? ColorOfPicture(x / kSide) : platform::rgb(255, 255, 255));
+// A machine with the menu's artwork: five squares of different colours, with three pixels of white around each.
+struct Menu : FreshMachine {
+    Menu() {
+        std::vector<Color> pixels;
+        for (int i = 0; i < kPictures * kSide * kSide; ++i) {
+            const platform::Point at{i % kSide, i / kSide / kPictures};
+            const bool inside = platform::Rect{3, 3, kSide - 3, kSide - 3}.contains(at);
+            pixels.push_back(inside ? ColorOfPicture(i / kSide % kPictures) : platform::rgb(255, 255, 255));
         }
+        sim::setPictureResource(204, {kPictures * kSide, kSide}, pixels);
     }
-    sim::setPictureResource(204, {kPictures * kSide, kSide}, pixels);
-}
+    int Show(const tray::TrayMenuState& state, const std::function<int(const std::vector<MenuItem>&)>& user) const {
+        sim::whenMenu(user);
+        return tray::TrayMenu().Show(owner, {5, 5}, state);
+    }
 
-Color PixelOf(const platform::PictureHandle& picture, int x, int y) {
+    const IconOwner owner;
+};
+
+// That of a place on the diagonal.
+Color PixelOf(const platform::PictureHandle& picture, int at) {
     REQUIRE(platform::pictureSize(picture) == platform::menuPictureSize());
-    return PixelsOf(picture)[static_cast<std::size_t>(y * kSide + x)];
+    return PixelsOf(picture)[static_cast<std::size_t>(at * kSide + at)];
 }
 
-// "text id state", state being any of g(reyed) and c(hecked); "-" for a separator.
-std::string Described(const MenuItem& item) {
-    if (item.id == 0) return "-";
-    return item.text + " " + std::to_string(item.id) + (item.enabled ? "" : " g") + (item.checked ? " c" : "");
+// Each item followed by "|": "text id state", state being any of g(reyed) and c(hecked); "-" for a separator.
+std::string Described(const std::vector<MenuItem>& items) {
+    std::string all;
+    for (const MenuItem& item : items) {
+        const std::string state = std::string(item.enabled ? "" : " g") + (item.checked ? " c" : "");
+        all += (item.id == 0 ? "-" : item.text + " " + std::to_string(item.id) + state) + "|";
+    }
+    return all;
+}
+
+// Every command has its picture, which tells greyed and checked ones.
+void CheckPictures(const std::vector<MenuItem>& items) {
+    const Color ground = platform::systemColor(SysColor::Menu);
+    int picture = 0;
+    for (const MenuItem& item : items) {
+        CAPTURE(item.text);
+        REQUIRE((item.picture != nullptr) == (item.id != 0));
+        REQUIRE((item.checkedPicture != nullptr) == item.checked);
+        if (item.picture == nullptr) continue;
+        const Color own = ColorOfPicture(picture++);
+        const Color ink = item.enabled ? own : platform::systemColor(SysColor::GrayText);
+        CHECK(PixelOf(*item.picture, 6) == ink);
+        for (const int edge : {0, 1, 12}) CHECK(PixelOf(*item.picture, edge) == ground);
+        if (!item.checked) continue;
+        CHECK(PixelOf(*item.checkedPicture, 6) == ink);
+        CHECK(PixelOf(*item.checkedPicture, 1) != ground);
+        CHECK(PixelOf(*item.checkedPicture, 12) == platform::systemColor(SysColor::Highlight));
+    }
+    CHECK(picture == kPictures);
 }
 
 }  // namespace
 
-TEST_CASE("the menu offers what can be done now, and gives what was chosen") {
-    sim::reset();
-    PutArtwork();
-    struct Case {
-        TrayMenuState state;
-        const char *setNow, *autoSet, *graphs;
+TEST_CASE_FIXTURE(Menu, "the menu offers what can be done now, and gives what was chosen") {
+    const struct {
+        tray::TrayMenuState state;
+        std::string shown;
+        int choice;
+    } cases[] = {
+        {{false, false}, "Set Now 1|-|Auto Set 2|-|Options 4|Show CPU Graphs 5 g|-|Exit 7|", tray::command::kExit},
+        {{true, false}, "Set Now 1 g|-|Auto Set 2 c|-|Options 4|Show CPU Graphs 5 g|-|Exit 7|", 0},
+        {{true, true}, "Set Now 1 g|-|Auto Set 2 c|-|Options 4|Show CPU Graphs 5|-|Exit 7|", 5},
     };
-    const Case cases[] = {
-        {{false, false}, "Set Now 1", "Auto Set 2", "Show CPU Graphs 5 g"},
-        {{true, false}, "Set Now 1 g", "Auto Set 2 c", "Show CPU Graphs 5 g"},
-        {{true, true}, "Set Now 1 g", "Auto Set 2 c", "Show CPU Graphs 5"},
-    };
-    const IconOwner owner;
-    tray::TrayMenu menu;
-    for (const Case& c : cases) {
-        for (const int choice : {0, tray::command::kAutoSet, tray::command::kExit}) {
-            std::vector<std::string> shown;
-            sim::whenMenu([&](const std::vector<MenuItem>& items) {
-                for (const MenuItem& item : items) shown.push_back(Described(item));
-                return choice;
-            });
-            CHECK(menu.Show(owner, {5, 5}, c.state) == choice);
-            const std::vector<std::string> expected{c.setNow,    "-",      c.autoSet, "-",
-                                                    "Options 4", c.graphs, "-",       "Exit 7"};
-            CHECK(shown == expected);
-        }
-    }
-    CHECK(menu.Show(owner, {5, 5}, {}) == 0);
-}
-
-TEST_CASE("every command has its picture, which tells greyed and checked ones, for as long as the menu is open") {
-    sim::reset();
-    PutArtwork();
-    const IconOwner owner;
     const int before = sim::openHandles();
-    const Color menu = platform::systemColor(SysColor::Menu);
-    for (const bool autoSet : {false, true}) {
-        sim::whenMenu([&](const std::vector<MenuItem>& items) {
-            int picture = 0;
-            for (const MenuItem& item : items) {
-                CHECK((item.picture != nullptr) == (item.id != 0));
-                CHECK((item.checkedPicture != nullptr) == item.checked);
-                if (item.picture == nullptr) continue;
-                CAPTURE(item.text);
-                const Color ink =
-                    item.enabled ? ColorOfPicture(picture) : platform::systemColor(SysColor::GrayText);
-                CHECK(PixelOf(*item.picture, 6, 6) == ink);
-                CHECK(PixelOf(*item.picture, 1, 1) == menu);
-                CHECK(PixelOf(*item.picture, 0, 12) == menu);
-                if (item.checkedPicture != nullptr) {
-                    const Color frame = platform::systemColor(SysColor::Highlight);
-                    CHECK(PixelOf(*item.checkedPicture, 6, 6) == ink);
-                    CHECK(PixelOf(*item.checkedPicture, 1, 1) != menu);
-                    CHECK(PixelOf(*item.checkedPicture, 1, 1) != frame);
-                    CHECK(PixelOf(*item.checkedPicture, 0, 12) == frame);
-                    CHECK(PixelOf(*item.checkedPicture, 12, 0) == frame);
-                }
-                ++picture;
-            }
-            CHECK(picture == kPictures);
-            return 0;
-        });
-        TrayMenuState state;
-        state.autoSet = autoSet;
-        tray::TrayMenu().Show(owner, {0, 0}, state);
+    for (const auto& c : cases) {
+        const auto choose = [&](const std::vector<MenuItem>& items) {
+            CHECK(Described(items) == c.shown);
+            CheckPictures(items);
+            return c.choice;
+        };
+        CHECK(Show(c.state, choose) == c.choice);
         CHECK(sim::openHandles() == before);
     }
 }
 
-TEST_CASE("without artwork the menu has its check mark") {
-    sim::reset();
+TEST_CASE_FIXTURE(Menu, "without artwork the menu has its check mark") {
     sim::setPictureResource(204, {0, 0});
-    const IconOwner owner;
-    sim::whenMenu([](const std::vector<MenuItem>& items) {
-        const auto hasPicture = [](const MenuItem& item) { return item.picture || item.checkedPicture; };
-        CHECK(std::none_of(items.begin(), items.end(), hasPicture));
-        return tray::command::kAutoSet;
+    Show({true, false}, [](const std::vector<MenuItem>& items) {
+        for (const MenuItem& item : items) CHECK((item.picture == nullptr && item.checkedPicture == nullptr));
+        return 0;
     });
-    TrayMenuState state;
-    state.autoSet = true;
-    CHECK(tray::TrayMenu().Show(owner, {0, 0}, state) == tray::command::kAutoSet);
 }
