@@ -179,6 +179,7 @@ private:
     void RightDown(platform::Point at);
     void PressBar(int zone, platform::Point at);
     void StepBar(int zone, platform::Point at);
+    bool TowardsEnd(int zone, platform::Point at) const;
     void ScrollColumns(int pixels);
     void PressHeader(int column, platform::Point at);
     void PressItem(const UcListHit& hit, const platform::MouseEvent& event);
@@ -230,7 +231,8 @@ private:
     // What was selected before the press that may begin a drag: pressing one of several selected rows selects it
     // alone, but dragging it takes all of them along.
     std::vector<int> selectedBefore_;
-    int repeatZone_ = 0;  // zone whose auto-repeat timer runs, 0 for none
+    int repeatZone_ = 0;         // zone whose auto-repeat timer runs, 0 for none
+    bool repeatsToEnd_ = false;  // the pressed track pages towards its end
     bool sizingPointer_ = false;
     int hoverRow_ = -1;
     bool tipRaised_ = false;

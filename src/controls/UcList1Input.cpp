@@ -173,6 +173,7 @@ void UcList1::PressBar(int zone, Point at) {
     } else if (zone == kZoneHorizontalThumb) {
         grabOffset_ = at.x - layout.horizontal.part[kThumb].left;
     } else {
+        repeatsToEnd_ = TowardsEnd(zone, at);
         StepBar(zone, at);
         if (repeatZone_ == 0) {
             repeatZone_ = zone;
@@ -183,11 +184,15 @@ void UcList1::PressBar(int zone, Point at) {
 }
 
 // One step of an arrow or of the track at the side of the thumb where the pointer is.
+// Where a press at that point of a track pages to; an arrow always goes its own way.
+bool UcList1::TowardsEnd(int zone, Point at) const {
+    if (zone == kZoneVerticalTrack) return at.y >= Layout().vertical.part[kThumb].top;
+    if (zone == kZoneHorizontalTrack) return at.x >= Layout().horizontal.part[kThumb].left;
+    return zone == kZoneDown || zone == kZoneRight;
+}
+
 void UcList1::StepBar(int zone, Point at) {
-    const UcListLayout& layout = Layout();
-    const int page = std::max(1, layout.visibleRows);
-    const bool above = at.y < layout.vertical.part[kThumb].top;
-    const bool before = at.x < layout.horizontal.part[kThumb].left;
+    const int page = std::max(1, Layout().visibleRows);
     switch (zone) {
         case kZoneUp:
             SetTopIndex(topIndex_ - 1);
@@ -196,7 +201,7 @@ void UcList1::StepBar(int zone, Point at) {
             SetTopIndex(topIndex_ + 1);
             break;
         case kZoneVerticalTrack:
-            SetTopIndex(topIndex_ + (above ? -page : page));
+            SetTopIndex(topIndex_ + (TowardsEnd(zone, at) ? page : -page));
             break;
         case kZoneLeft:
             ScrollColumns(kArrowStep);
@@ -205,7 +210,7 @@ void UcList1::StepBar(int zone, Point at) {
             ScrollColumns(-kArrowStep);
             break;
         case kZoneHorizontalTrack:
-            ScrollColumns(before ? kTrackStep : -kTrackStep);
+            ScrollColumns(TowardsEnd(zone, at) ? -kTrackStep : kTrackStep);
             break;
         default:
             break;
@@ -327,8 +332,10 @@ void UcList1::onTimer(int id) {
             EndHover();
         }
     } else if (id == repeatZone_ && drag_ == Drag::Bar) {
-        // Rests while the pointer is elsewhere; a track has done when its thumb has come under the pointer.
-        if (HitTest(Layout(), lastPoint_).zone == id) StepBar(id, lastPoint_);
+        // Rests while the pointer is elsewhere; a track has done when its thumb has come under the pointer, or
+        // has passed it: a page may be a pixel more than the thumb is long.
+        const bool passed = TowardsEnd(id, lastPoint_) != repeatsToEnd_;
+        if (!passed && HitTest(Layout(), lastPoint_).zone == id) StepBar(id, lastPoint_);
         startTimer(id, kNextRepeat);
     }
 }

@@ -29,6 +29,7 @@ public:
         std::function<void()> Changed;  // after every add and remove
     };
     explicit DlgHides(const Parts& parts) : parts_(parts) {}
+    ~DlgHides() override { destroy(); }  // while the controls that its handlers reach are there
 
     // Shows the dialog over `owner` until the user closes it, or it goes with its owner. The message loop runs.
     void ShowModal(platform::Window& owner);

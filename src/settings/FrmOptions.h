@@ -34,6 +34,7 @@ public:
         std::string folder;  // of the program and Kestrum Jr.
     };
     explicit FrmOptions(const Parts& parts);
+    ~FrmOptions() override { destroy(); }  // while the controls that its handlers reach are there
 
     // Shows the dialog over `owner`, which stays usable, until the user closes it or it goes with its owner; brings
     // it to the front when it is open.

@@ -1,5 +1,7 @@
 #include "platform/Process.h"
 
+#include <algorithm>
+
 #include "platform/win32/SystemLibrary.h"
 #include "platform/win32/WineProcesses.h"
 

@@ -177,6 +177,20 @@ TEST_CASE_FIXTURE(ListFixture, "wheel, tracks and thumbs scroll") {
     CHECK(list.TopIndex() == top);
 }
 
+TEST_CASE_FIXTURE(ListFixture, "a held track comes to rest, also where a page leaps over the pointer") {
+    Fill(100);
+    for (int y = 100; y < 140; ++y) {
+        CAPTURE(y);
+        list.SetTopIndex(1);
+        sim::mouseDown(list, {465, y});
+        sim::run(2000);
+        const int reached = list.TopIndex();
+        sim::run(60);
+        CHECK(list.TopIndex() == reached);
+        sim::mouseUp(list, {465, y});
+    }
+}
+
 TEST_CASE_FIXTURE(ListFixture, "the columns scroll with their bar: by arrow, by page, by dragging") {
     Fill(100);
     list.setBounds({0, 0, 200, 200});
