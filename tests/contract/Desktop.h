@@ -9,26 +9,39 @@
 #include <vector>
 
 #include "platform/Window.h"
+#ifndef _WIN32
+#include "platform/sim/Sim.h"
+#endif
 
 namespace contract {
 
-// The colour shown at a client pixel, after what is invalid has been painted.
-platform::Color pixelAt(platform::Window& window, platform::Point at);
-
+#ifndef _WIN32
+// What the simulated desktop offers as it stands.
+using platform::sim::closeBox;
+using platform::sim::doubleClick;
+using platform::sim::dragFrame;
+using platform::sim::dropFiles;
+using platform::sim::mouseDown;
+using platform::sim::mouseUp;
+using platform::sim::pasteText;
+using platform::sim::pointerShape;
+using platform::sim::pressKey;
+using platform::sim::setPointer;
+using platform::sim::Translucency;
+using platform::sim::translucency;
+using platform::sim::typeText;
+using platform::sim::wheel;
+#else
 // Moves the pointer; the events follow when the message loop runs.
-void movePointer(platform::Window& window, platform::Point at);
-// What the user sees of the pointer, wherever it is.
-platform::Pointer shownPointer();
+void setPointer(platform::Window& window, platform::Point at);
+// What the user sees of the pointer, wherever it is; tells those shapes apart that a drag has.
+platform::Pointer pointerShape();
 // How the system shows a top-level window, asked of the system.
-struct Shown {
-    int alpha = 255;
+struct Translucency {
+    std::uint8_t alpha = 255;
     std::optional<platform::Color> hole;
 };
-Shown shownThrough(const platform::Window& window);
-// Moves the pointer there and clicks; the events go where the system has them go when the message loop runs.
-void clickOnScreen(platform::Window& window, platform::Point at);
-// Presses the left button there, moves the pointer that far, holds it for a while, and lets the button go.
-void dragOnScreen(platform::Window& window, platform::Point at, platform::Point delta);
+Translucency translucency(const platform::Window& window);
 void mouseDown(platform::Window& window, platform::Point at, platform::MouseButton button,
                platform::Modifiers modifiers = {});
 void mouseUp(platform::Window& window, platform::Point at, platform::MouseButton button);
@@ -36,16 +49,24 @@ void doubleClick(platform::Window& window, platform::Point at);  // left: down, 
 void wheel(platform::Window& window, platform::Point at, int delta);
 // A key goes down and up again in the window that has the focus.
 void pressKey(std::uint16_t code, platform::Modifiers modifiers = {});
-// A key goes down or up on the keyboard itself, whoever has the focus.
-void moveKey(std::uint16_t code, bool down);
 // Puts a text on the clipboard and inserts it into the text box that has the focus.
-void paste(const std::string& text);
+void pasteText(const std::string& text);
 // Types into the window that has the focus.
 void typeText(const std::string& text);
 void closeBox(platform::Window& window);
 // Lets the user drag the frame of a main window to these bounds.
 void dragFrame(platform::Window& window, const platform::Rect& bounds);
 void dropFiles(platform::Window& window, const std::vector<std::string>& paths);
+#endif
+
+// The colour shown at a client pixel, after what is invalid has been painted.
+platform::Color pixelAt(platform::Window& window, platform::Point at);
+// Moves the pointer there and clicks; the events go where the system has them go when the message loop runs.
+void clickOnScreen(platform::Window& window, platform::Point at);
+// Presses the left button there, moves the pointer that far, holds it for a while, and lets the button go.
+void dragOnScreen(platform::Window& window, platform::Point at, platform::Point delta);
+// A key goes down or up on the keyboard itself, whoever has the focus.
+void moveKey(std::uint16_t code, bool down);
 void changeSystemColors(platform::Window& main);  // as told to a top-level window
 void restartShell(platform::Window& main);        // likewise
 void endSession(platform::Window& main);          // likewise
@@ -56,14 +77,9 @@ void runModal(platform::Window& dialog, platform::Window& owner, std::function<v
 // The user at the icon that `owner` has put into the notification area.
 void trayEvent(platform::Window& owner, std::uint32_t iconId, platform::TrayEvent event);
 
-// What the user does as soon as the next menu is up: goes down by so many items (separators are none) and chooses,
-// or dismisses it. The menu stays up long enough for a timer of 10 ms to fire.
-void answerMenu(int downs);
-void dismissMenu();
-// The same with an item that opens a menu of its own, and the `inside`-th item of that.
-void answerSubmenu(int downs, int inside);
-
-// A program file that has an icon.
-std::string programWithIcon();
+// What the user does as soon as the next menu is up: goes down by so many items (separators are none) and chooses;
+// the next number is for the menu that the item opens. Without a number dismisses it. The menu stays up long enough
+// for a timer of 10 ms to fire.
+void answerMenu(const std::vector<int>& downs);
 
 }  // namespace contract

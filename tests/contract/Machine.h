@@ -13,7 +13,7 @@
 
 namespace contract {
 
-// First line of every test: the simulated machine is reset; on Windows what a test may have left is removed.
+// Begins every test: the simulated machine is reset; on Windows what a test may have left is removed.
 void freshMachine();
 
 // The section of the settings store that tests may write to; nothing is in it after freshMachine.
@@ -31,6 +31,12 @@ std::optional<std::string> storedRunEntry(const std::string& name);
 std::string scratchFolder();
 // An existing file with the content "old" that can be read, but not written, replaced or deleted.
 std::string sealedFile();
+
+// The machine of a test that needs no windows.
+struct Fresh {
+    Fresh() { freshMachine(); }
+    const std::string scratch = scratchFolder();
+};
 
 enum class Load { Idle, Busy };
 

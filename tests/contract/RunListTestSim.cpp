@@ -5,17 +5,20 @@
 #include "platform/RunList.h"
 #include "platform/sim/Sim.h"
 
+using namespace contract;
+using namespace platform;
+
 TEST_CASE("a run list that refuses keeps what it has") {
-    namespace sim = platform::sim;
-    contract::freshMachine();
+    namespace sim = sim;
+    freshMachine();
     sim::putRunEntry("Other", "C:\\other.exe");
     sim::refuseRunEntries(true);
-    CHECK_FALSE(platform::writeRunEntry("Other", "changed"));
-    CHECK_FALSE(platform::writeRunEntry("New", "new"));
-    CHECK_FALSE(platform::deleteRunEntry("Other"));
-    CHECK(platform::deleteRunEntry("New"));
+    CHECK_FALSE(writeRunEntry("Other", "changed"));
+    CHECK_FALSE(writeRunEntry("New", "new"));
+    CHECK_FALSE(deleteRunEntry("Other"));
+    CHECK(deleteRunEntry("New"));
     CHECK(sim::runEntry("other") == "C:\\other.exe");
     sim::refuseRunEntries(false);
-    CHECK(platform::deleteRunEntry("Other"));
+    CHECK(deleteRunEntry("Other"));
     CHECK_FALSE(sim::runEntry("Other"));
 }
