@@ -1,17 +1,10 @@
 #include "platform/Canvas.h"
 
-#include <doctest/doctest.h>
-
 #include <cstdlib>
-#include <functional>
-#include <string>
-#include <vector>
 
 #include "contract/Bmp.h"
-#include "contract/Desktop.h"
-#include "contract/Machine.h"
+#include "contract/Probe.h"
 #include "platform/Files.h"
-#include "platform/Window.h"
 
 using namespace platform;
 
@@ -24,27 +17,16 @@ constexpr Color kGreen = rgb(0, 255, 0);
 constexpr Color kBlue = rgb(0, 0, 255);
 
 // A control that shows what it is told to draw, on a white ground.
-class Sheet : contract::Fresh, public Window {
-public:
-    using Draw = std::function<void(Canvas&)>;
+struct Sheet : contract::Desk {
+    contract::Probe sheet{"sheet", log, contract::asChildOf(main, kAll.offset(0, 70))};
 
-    Sheet() {
-        REQUIRE(main_.create({WindowKind::Main, "SheetMain", "main", nullptr, {50, 50, 500, 400}}));
-        REQUIRE(create({WindowKind::Child, "Sheet", "sheet", &main_, kAll}));
-        main_.show(ShowCommand::Show);
-        update();
-    }
-    ~Sheet() override { destroy(); }
-
-    Rect dirty;  // of the last paint
-
-    void draw(Draw what, const Rect& part = kAll) {
+    void draw(std::function<void(Canvas&)> what, const Rect& part = kAll) {
         pumpMessages();
-        draw_ = std::move(what);
-        invalidate(part);
-        update();
+        sheet.draws = std::move(what);
+        sheet.invalidate(part);
+        sheet.update();
     }
-    Color at(int x, int y) { return contract::pixelAt(*this, {x, y}); }
+    Color at(int x, int y) { return contract::pixelAt(sheet, {x, y}); }
     // True when the pixels of `area` but for those of `hollow` have the colour, and none around them.
     bool isExactly(const Rect& area, Color color, const Rect& hollow = {}) {
         const Rect around = area.inset(-2, -2).intersect(kAll);
@@ -60,17 +42,6 @@ public:
         REQUIRE(writeFile(scratch + "canvas.bmp", contract::fileOf(bmp)));
         return loadPictureFile(scratch + "canvas.bmp");
     }
-
-protected:
-    void onPaint(Canvas& canvas, const Rect& area) override {
-        dirty = area;
-        canvas.fill(area, kGround);
-        if (draw_) draw_(canvas);
-    }
-
-private:
-    Window main_;
-    Draw draw_;
 };
 
 int channel(Color color, int which) {
@@ -122,7 +93,7 @@ TEST_CASE_FIXTURE(Sheet, "a gradient goes from one colour to the other, evenly, 
             return across ? at(10 + step, 10 + side) : at(10 + side, 10 + step);
         };
         const Rect area = across ? Rect{10, 10, 74, 20} : Rect{10, 10, 20, 74};
-        draw([&](Canvas& canvas) { canvas.gradient(area, rgb(250, 100, 0), rgb(50, 100, 200), direction); });
+        draw([=](Canvas& canvas) { canvas.gradient(area, rgb(250, 100, 0), rgb(50, 100, 200), direction); });
         for (int step = 0; step < 64; ++step) {
             const Color mixed = rgb(250 - 200 * step / 64, 100, 200 * step / 64);
             for (const int side : {0, 9}) CHECK(near(along(step, side), mixed, 6));
@@ -183,7 +154,7 @@ TEST_CASE_FIXTURE(Sheet, "only what is invalid is painted, whatever is drawn") {
             canvas.pixel({5, 5}, kBlue);
         },
         {20, 30, 60, 50});
-    CHECK(dirty == Rect{20, 30, 60, 50});
+    CHECK(sheet.lastDirty == Rect{20, 30, 60, 50});
     CHECK(isExactly({20, 30, 60, 50}, kRed));
     CHECK(at(5, 5) == kGreen);
     CHECK(at(100, 80) == kGreen);

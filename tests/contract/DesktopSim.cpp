@@ -4,11 +4,7 @@
 
 namespace contract {
 
-namespace sim = platform::sim;
-using platform::Point;
-using platform::Window;
-
-platform::Color pixelAt(Window& window, Point at) {
+Color pixelAt(Window& window, Point at) {
     window.update();
     return sim::pixelAt(window, at);
 }
@@ -27,7 +23,7 @@ void moveKey(std::uint16_t code, bool down) {
 }
 
 void changeSystemColors(Window&) {
-    sim::setSystemColor(platform::SysColor::Window, platform::systemColor(platform::SysColor::Window));
+    sim::setSystemColor(SysColor::Window, systemColor(SysColor::Window));
 }
 
 void restartShell(Window&) {
@@ -43,17 +39,17 @@ void runModal(Window& dialog, Window& owner, std::function<void()> script) {
     platform::runModal(dialog, owner);
 }
 
-void trayEvent(Window&, std::uint32_t, platform::TrayEvent event) {
+void trayEvent(Window&, std::uint32_t, TrayEvent event) {
     sim::trayEvent(event);
 }
 
 void answerMenu(const std::vector<int>& downs) {
-    sim::whenMenu([downs](std::vector<platform::MenuItem> items) {
+    sim::whenMenu([downs](std::vector<MenuItem> items) {
         int id = 0;
         for (const int down : downs) {
             int passed = 0;
-            const auto isIt = [&](const platform::MenuItem& item) { return item.id != 0 && ++passed == down; };
-            const platform::MenuItem chosen = *std::find_if(items.begin(), items.end(), isIt);
+            const auto isIt = [&](const MenuItem& item) { return item.id != 0 && ++passed == down; };
+            const MenuItem chosen = *std::find_if(items.begin(), items.end(), isIt);
             id = chosen.id;
             items = chosen.submenu;
         }

@@ -10,11 +10,6 @@
 
 namespace contract {
 
-using platform::hwndOf;
-using platform::MouseButton;
-using platform::Point;
-using platform::Window;
-
 namespace {
 
 LPARAM packed(Point at) {
@@ -34,7 +29,7 @@ ButtonCodes codesOf(MouseButton button) {
 }
 
 // The keyboard as this thread sees it.
-void hold(platform::Modifiers modifiers) {
+void hold(Modifiers modifiers) {
     BYTE keys[256] = {};
     GetKeyboardState(keys);
     const auto set = [&keys](int code, bool down) { keys[code] = down ? 0x80 : 0; };
@@ -70,7 +65,7 @@ void CALLBACK typeIntoMenu(HWND, UINT, UINT_PTR timer, DWORD) {
 
 }  // namespace
 
-platform::Color pixelAt(Window& window, Point at) {
+Color pixelAt(Window& window, Point at) {
     window.update();
     const HDC dc = GetDC(hwndOf(window));
     const COLORREF color = GetPixel(dc, at.x, at.y);
@@ -83,10 +78,10 @@ void setPointer(Window& window, Point at) {
     SetCursorPos(screen.x, screen.y);
 }
 
-platform::Pointer pointerShape() {
+Pointer pointerShape() {
     const HCURSOR shown = GetCursor();
-    if (shown == LoadCursorA(nullptr, IDC_ARROW)) return platform::Pointer::Arrow;
-    return shown == LoadCursorA(nullptr, IDC_NO) ? platform::Pointer::NoDrop : platform::Pointer::Drop;
+    if (shown == LoadCursorA(nullptr, IDC_ARROW)) return Pointer::Arrow;
+    return shown == LoadCursorA(nullptr, IDC_NO) ? Pointer::NoDrop : Pointer::Drop;
 }
 
 void clickOnScreen(Window& window, Point at) {
@@ -113,7 +108,7 @@ void dragOnScreen(Window& window, Point at, Point delta) {
     const Point to{from.x + delta.x, from.y + delta.y};
     int ticks = 0;
     setPointer(window, at);
-    const platform::TimerHandle hand = platform::startTimer(50, [&ticks, to](std::uintptr_t) {
+    const TimerHandle hand = startTimer(50, [&ticks, to](std::uintptr_t) {
         if (++ticks == 4) SetCursorPos(to.x, to.y);
         if (ticks >= 8 && ticks % 4 == 0) mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
     });
@@ -121,7 +116,7 @@ void dragOnScreen(Window& window, Point at, Point delta) {
     waitFor([&ticks] { return ticks > 8; });
 }
 
-void mouseDown(Window& window, Point at, MouseButton button, platform::Modifiers modifiers) {
+void mouseDown(Window& window, Point at, MouseButton button, Modifiers modifiers) {
     const ButtonCodes codes = codesOf(button);
     const WPARAM keys = (modifiers.shift ? MK_SHIFT : 0U) | (modifiers.ctrl ? MK_CONTROL : 0U);
     SendMessageA(hwndOf(window), codes.down, codes.flag | keys, packed(at));
@@ -142,10 +137,10 @@ void doubleClick(Window& window, Point at) {
 void wheel(Window& window, Point at, int delta) {
     const HWND focus = GetFocus() != nullptr ? GetFocus() : hwndOf(window);
     PostMessageA(focus, WM_MOUSEWHEEL, MAKEWPARAM(0, delta), packed(window.toScreen(at)));
-    platform::pumpMessages();
+    pumpMessages();
 }
 
-void pressKey(std::uint16_t code, platform::Modifiers modifiers) {
+void pressKey(std::uint16_t code, Modifiers modifiers) {
     hold(modifiers);
     SendMessageA(GetFocus(), WM_KEYDOWN, code, 0);
     SendMessageA(GetFocus(), WM_KEYUP, code, 0);
@@ -170,14 +165,14 @@ void typeText(const std::string& text) {
                                           static_cast<int>(units.size()));
     units.resize(static_cast<std::size_t>(count));
     for (const wchar_t unit : units) PostMessageW(GetFocus(), WM_CHAR, unit, 1);
-    platform::pumpMessages();
+    pumpMessages();
 }
 
 void closeBox(Window& window) {
     SendMessageA(hwndOf(window), WM_SYSCOMMAND, SC_CLOSE, 0);
 }
 
-void dragFrame(Window& window, const platform::Rect& bounds) {
+void dragFrame(Window& window, const Rect& bounds) {
     // What a drag of the frame ends with: the limits are asked for and kept to.
     SetWindowPos(hwndOf(window), nullptr, bounds.left, bounds.top, bounds.width(), bounds.height(), SWP_NOZORDER);
 }
@@ -206,8 +201,8 @@ void endSession(Window& main) {
 }
 
 void runModal(Window& dialog, Window& owner, std::function<void()> script) {
-    platform::TimerHandle timer;
-    timer = platform::startTimer(50, [&timer, script](std::uintptr_t) {
+    TimerHandle timer;
+    timer = startTimer(50, [&timer, script](std::uintptr_t) {
         const std::function<void()> run = script;  // closing the timer may take this closure along
         timer.reset();
         run();
@@ -215,7 +210,7 @@ void runModal(Window& dialog, Window& owner, std::function<void()> script) {
     platform::runModal(dialog, owner);
 }
 
-void trayEvent(Window& owner, std::uint32_t iconId, platform::TrayEvent event) {
+void trayEvent(Window& owner, std::uint32_t iconId, TrayEvent event) {
     constexpr LPARAM kCodes[] = {WM_LBUTTONUP, WM_LBUTTONDBLCLK, WM_RBUTTONUP, NIN_BALLOONUSERCLICK};
     SendMessageA(hwndOf(owner), WM_MOUSEMOVE, iconId, kCodes[static_cast<int>(event)]);
 }

@@ -15,9 +15,7 @@ TEST_CASE_FIXTURE(Fresh, "a mutex exists for as long as somebody has it open") {
     CreatedMutex second = createMutex(name);
     CHECK(second.handle);
     CHECK(second.existed);
-    const CreatedMutex other = createMutex(name + " 2");
-    CHECK(other.handle);
-    CHECK_FALSE(other.existed);
+    CHECK_FALSE(createMutex(name + " 2").existed);
 
     releaseMutex(first.handle);  // which does not end it
     releaseMutex(first.handle);
@@ -87,7 +85,6 @@ TEST_CASE_FIXTURE(Desk, "windows are listed, the uppermost first, and tell of th
 }
 
 TEST_CASE_FIXTURE(Desk, "a window is shown in its normal state, whatever it was in, and brought to the front") {
-    b.focus();
     const Rect normal = main.bounds();
     for (const ShowCommand before : {ShowCommand::Minimize, ShowCommand::Maximize, ShowCommand::Hide}) {
         CAPTURE(static_cast<int>(before));
@@ -96,6 +93,7 @@ TEST_CASE_FIXTURE(Desk, "a window is shown in its normal state, whatever it was 
         CHECK(waitFor([&] { return main.visible() && main.state() == WindowState::Normal; }));
         CHECK(main.bounds() == normal);
     }
+    b.focus();
     Probe above("above", log, asMain());
     above.show(ShowCommand::Show);
     pumpMessages();
@@ -155,8 +153,6 @@ TEST_CASE_FIXTURE(Desk, "a window that is gone, or never was, is refused by ever
     a.destroy();
     CHECK_FALSE(setWindowProperty(a, "Mark", 1));
     removeWindowProperty(a, "Mark");
-    const std::vector<std::uintptr_t> all = topLevelWindowNumbers();
-    CHECK(std::find(all.begin(), all.end(), gone) == all.end());
     for (const std::uintptr_t number : {gone, std::uintptr_t{0}, std::uintptr_t{0xFFFF}}) {  // 0xFFFF: all windows
         CAPTURE(number);
         CHECK(windowProperty(number, "Mark") == 0);

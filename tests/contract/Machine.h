@@ -23,6 +23,8 @@ enum class StoredAs { Text, ExpandableText, Binary };
 // Puts a value into the store past the seam, its bytes exactly as given (text without a NUL at its end, say).
 void putStored(const std::string& key, StoredAs kind, const std::string& bytes);
 
+// The entry of the user's run list that tests may write; there is none after freshMachine.
+inline const std::string kRunEntry = "Kestrum2 Contract";
 // The bytes of an entry of the user's run list as they are stored there, without the NUL at their end; nullopt when
 // there is no such text, or no NUL at its end.
 std::optional<std::string> storedRunEntry(const std::string& name);

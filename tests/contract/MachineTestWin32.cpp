@@ -22,15 +22,6 @@ std::string besideProgram(const std::string& name) {
     return own.substr(0, own.rfind('\\') + 1) + name;
 }
 
-// The teller, in a folder whose name has blanks.
-std::string tellerWithBlanks() {
-    const std::string folder = scratchFolder() + "a folder  with blanks\\";
-    REQUIRE(createFolders(folder));
-    const std::string copy = folder + "The Teller.exe";
-    REQUIRE(CopyFileA(besideProgram("Teller.exe").c_str(), copy.c_str(), FALSE));
-    return copy;
-}
-
 // What the teller writes when it is started with this command line, the program's name included.
 std::string told(const std::string& teller, std::string commandLine) {
     const std::string folder = scratchFolder();
@@ -93,7 +84,9 @@ TEST_CASE_FIXTURE(Fresh, "texts and numbers of the machine are read whatever the
 }
 
 TEST_CASE_FIXTURE(Fresh, "a program is told all that stands behind its name, as it stands") {
-    const std::string teller = tellerWithBlanks();
+    REQUIRE(createFolders(scratch + "a folder  with blanks"));
+    const std::string teller = scratch + "a folder  with blanks\\The Teller.exe";
+    REQUIRE(CopyFileA(besideProgram("Teller.exe").c_str(), teller.c_str(), FALSE));
     const std::string quoted = "\"" + teller + "\"";
     const std::string names[] = {quoted, teller, lowerCase(teller), "Teller"};
     const std::string rests[] = {

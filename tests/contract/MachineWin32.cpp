@@ -4,6 +4,7 @@
 #include "contract/Machine.h"
 #include "platform/Files.h"
 #include "platform/Machine.h"
+#include "platform/RunList.h"
 #include "platform/Window.h"
 #include "platform/win32/RegistryKey.h"
 
@@ -13,14 +14,7 @@ namespace contract {
 
 namespace {
 
-std::string sectionKey() {
-    return "Software\\" + kSection;
-}
-
-std::string ownFolder() {
-    const std::string program = platform::programPath();
-    return program.substr(0, program.find_last_of('\\') + 1);
-}
+const std::string kSectionKey = "Software\\" + kSection;
 
 HANDLE& sealingHandle() {
     static HANDLE handle = INVALID_HANDLE_VALUE;
@@ -31,7 +25,8 @@ HANDLE& sealingHandle() {
 
 void freshMachine() {
     if (sealingHandle() != INVALID_HANDLE_VALUE) CloseHandle(std::exchange(sealingHandle(), INVALID_HANDLE_VALUE));
-    RegDeleteKeyA(HKEY_CURRENT_USER, sectionKey().c_str());
+    RegDeleteKeyA(HKEY_CURRENT_USER, kSectionKey.c_str());
+    platform::deleteRunEntry(kRunEntry);
     const std::string scratch = scratchFolder();
     const std::string listed = scratch.substr(0, scratch.size() - 1) + '\0';  // a list of one name
     SHFILEOPSTRUCTA remove{};
@@ -44,7 +39,7 @@ void freshMachine() {
 
 void putStored(const std::string& key, StoredAs kind, const std::string& bytes) {
     HKEY section = nullptr;
-    if (RegCreateKeyA(HKEY_CURRENT_USER, sectionKey().c_str(), &section) != ERROR_SUCCESS) std::abort();
+    if (RegCreateKeyA(HKEY_CURRENT_USER, kSectionKey.c_str(), &section) != ERROR_SUCCESS) std::abort();
     const DWORD type = kind == StoredAs::Text ? REG_SZ : kind == StoredAs::Binary ? REG_BINARY : REG_EXPAND_SZ;
     RegSetValueExA(section, key.c_str(), 0, type, reinterpret_cast<const BYTE*>(bytes.data()),
                    static_cast<DWORD>(bytes.size()));
@@ -75,7 +70,8 @@ std::string sealedFile() {
     return path;
 }
 
-Victim::Victim(Load load) : path_(ownFolder() + "Victim.exe") {
+Victim::Victim(Load load) : path_(platform::programPath()) {
+    path_.replace(path_.rfind('\\') + 1, path_.npos, "Victim.exe");
     STARTUPINFOA startup = {};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process = {};

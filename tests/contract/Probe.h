@@ -15,8 +15,6 @@
 
 namespace contract {
 
-using namespace platform;
-
 using Log = std::vector<std::string>;
 
 inline std::string number(int value) {
@@ -66,12 +64,15 @@ public:
     Rect lastDirty;
     Size least;
     bool keepOpen = false;
-    bool dragsByPress = false;  // of the left button
+    bool dragsByPress = false;           // of the left button
+    std::function<void(Canvas&)> draws;  // on the white ground
+    std::function<void()> keyPressed;
     std::vector<std::string> dropped;
 
 protected:
     void onPaint(Canvas& canvas, const Rect& dirty) override {
         canvas.fill(dirty, rgb(255, 255, 255));
+        if (draws) draws(canvas);
         lastDirty = dirty;
         note("paint");
     }
@@ -102,6 +103,7 @@ protected:
         if (event.modifiers.shift) text += "shift ";
         if (event.modifiers.ctrl) text += "ctrl ";
         note(text + number(event.code));
+        if (event.down && keyPressed) keyPressed();
     }
     void onFocus(bool gained) override { note(gained ? "focus" : "blur"); }
     void onTimer(int id) override { note("timer " + number(id)); }

@@ -91,8 +91,6 @@ TEST_CASE_FIXTURE(Desk, "a shadow falls behind a window's class and the dialogs 
     CHECK(hasShadow(main));
     CHECK(hasShadow(dialog));
     CHECK_FALSE(hasShadow(a));
-    Probe none("none", log);
-    none.addDropShadow();
 }
 
 TEST_CASE_FIXTURE(Desk, "what is launched gets its parameters and works in its folder") {

@@ -10,20 +10,7 @@
 
 using namespace contract;
 using namespace platform;
-
 using namespace std::string_literals;
-
-namespace {
-
-const std::string kName = "Kestrum2 Contract";
-
-// Leaves nothing behind in the list, whatever becomes of the test.
-struct RunList : Fresh {
-    RunList() { deleteRunEntry(kName); }
-    ~RunList() { deleteRunEntry(kName); }
-};
-
-}  // namespace
 
 TEST_CASE_FIXTURE(Fresh, "settings are kept as text") {
     CHECK_FALSE(storeRead(kSection, "Key"));
@@ -72,33 +59,33 @@ TEST_CASE_FIXTURE(Fresh, "what others put into the store is read with care") {
     CHECK(storeRead(kSection, "Key") == "text now");
 }
 
-TEST_CASE_FIXTURE(RunList, "an entry of the run list is written, found in either case, replaced and deleted") {
-    CHECK_FALSE(runEntryExists(kName));
-    CHECK(deleteRunEntry(kName));  // there is none afterwards
-    REQUIRE(writeRunEntry(kName, "C:\\Kestrum 2\\Kestrum2.exe"));
-    CHECK(runEntryExists(kName));
+TEST_CASE_FIXTURE(Fresh, "an entry of the run list is written, found in either case, replaced and deleted") {
+    CHECK_FALSE(runEntryExists(kRunEntry));
+    CHECK(deleteRunEntry(kRunEntry));  // there is none afterwards
+    REQUIRE(writeRunEntry(kRunEntry, "C:\\Kestrum 2\\Kestrum2.exe"));
+    CHECK(runEntryExists(kRunEntry));
     CHECK(runEntryExists("kESTRUM2 contract"));
-    CHECK_FALSE(runEntryExists(kName + "2"));
+    CHECK_FALSE(runEntryExists(kRunEntry + "2"));
     REQUIRE(writeRunEntry("KESTRUM2 CONTRACT", "short"));
-    CHECK(storedRunEntry(kName) == "short");
+    CHECK(storedRunEntry(kRunEntry) == "short");
 
     // A name that holds a NUL is not taken for what stands in front of it.
-    const std::string other = kName + "\0more"s;
+    const std::string other = kRunEntry + "\0more"s;
     CHECK_FALSE(writeRunEntry(other, "lost"));
     CHECK_FALSE(runEntryExists(other));
     CHECK(deleteRunEntry(other));
-    CHECK(storedRunEntry(kName) == "short");
-    CHECK(deleteRunEntry(kName));
-    CHECK_FALSE(runEntryExists(kName));
-    CHECK_FALSE(storedRunEntry(kName));
+    CHECK(storedRunEntry(kRunEntry) == "short");
+    CHECK(deleteRunEntry(kRunEntry));
+    CHECK_FALSE(runEntryExists(kRunEntry));
+    CHECK_FALSE(storedRunEntry(kRunEntry));
 }
 
-TEST_CASE_FIXTURE(RunList, "a command is stored with every byte it has, and one NUL behind it") {
+TEST_CASE_FIXTURE(Fresh, "a command is stored with every byte it has, and one NUL behind it") {
     for (const std::string& command : {"\"C:\\a b\\c.exe\" /d  e"s, "ends in one\0"s, "\0in front"s,
                                        "one\0two\0\0three"s, ""s, "gr\xC3\xBC\xC3\x9F"s, std::string(3000, 'x')}) {
         CAPTURE(command.size());
-        REQUIRE(writeRunEntry(kName, command));
-        CHECK(storedRunEntry(kName) == command);
-        CHECK(runEntryExists(kName));
+        REQUIRE(writeRunEntry(kRunEntry, command));
+        CHECK(storedRunEntry(kRunEntry) == command);
+        CHECK(runEntryExists(kRunEntry));
     }
 }

@@ -147,8 +147,6 @@ TEST_CASE_FIXTURE(Fresh, "a timer fires with its id until it is closed") {
     int others = 0;
     TimerHandle one = startTimer(10, [&ids](std::uintptr_t id) { ids.push_back(id); });
     const TimerHandle two = startTimer(10, [&others](std::uintptr_t) { ++others; });
-    REQUIRE(one);
-    REQUIRE(two);
     CHECK(ids.empty());  // only the message loop fires it
     CHECK(waitFor([&] { return ids.size() >= 3 && others >= 3; }));
     for (const std::uintptr_t id : ids) CHECK(id == one.raw());

@@ -1,38 +1,21 @@
 // What windows owe to Windows' own ways, which the simulation does not have: update regions with gaps, mouse
 // capture by the system, the messages of pointer tracking, and the code page of text.
-#include <vector>
-
 #include "contract/Probe.h"
 #include "platform/win32/WindowData.h"
 
 using namespace contract;
 using namespace platform;
 
-namespace {
-
-class Rows : public Window {
-public:
+TEST_CASE_FIXTURE(Desk, "rows between two invalid ones need no paint") {
     std::vector<bool> needed;
-
-protected:
-    void onPaint(Canvas& canvas, const Rect& dirty) override {
+    a.draws = [&needed](Canvas& canvas) {
         needed.clear();
         for (const int top : {0, 10, 20, 30}) needed.push_back(canvas.needsPaint({0, top, 100, top + 10}));
-        canvas.fill(dirty, rgb(255, 255, 255));
-    }
-};
-
-}  // namespace
-
-TEST_CASE_FIXTURE(Desk, "rows between two invalid ones need no paint") {
-    Rows rows;
-    REQUIRE(rows.create({WindowKind::Child, "Rows", "rows", &main, {10, 70, 110, 130}}));
-    rows.update();
-    rows.invalidate({0, 0, 100, 10});
-    rows.invalidate({0, 30, 100, 40});
-    rows.update();
-    CHECK(rows.needed == std::vector<bool>{true, false, false, true});
-    rows.destroy();
+    };
+    a.invalidate({0, 0, 100, 10});
+    a.invalidate({0, 30, 100, 40});
+    a.update();
+    CHECK(needed == std::vector<bool>{true, false, false, true});
 }
 
 TEST_CASE_FIXTURE(Desk, "a control is brought to the front with the window it is in") {
