@@ -21,6 +21,8 @@ TEST_CASE_FIXTURE(Desk, "a menu gives the item that was chosen") {
         contract::answerMenu(downs);
         return showMenu(main, where, offered);
     };
+    // A pointer that rests on a menu would choose, too.
+    REQUIRE(handUntil(contract::setPointer, main, {350, 200}, [this] { return main.underPointer(); }));
     a.startTimer(7, 10);
     CHECK(chosen({1}, at, items) == 10);
     CHECK(has(log, "a timer 7"));         // timers go on
