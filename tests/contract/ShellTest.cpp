@@ -9,6 +9,7 @@ using namespace platform;
 
 TEST_CASE_FIXTURE(Desk, "a menu gives the item that was chosen") {
     const Size size = menuPictureSize();
+    REQUIRE_FALSE(Rect::fromSize({}, size).empty());
     const PictureHandle picture = drawPicture(size, rgb(255, 0, 0), {});
     const PictureHandle checked = drawPicture(size, rgb(0, 0, 255), {});
     MenuItem pictured{30, "Pictured", true, true};

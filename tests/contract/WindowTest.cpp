@@ -18,7 +18,6 @@ TEST_CASE_FIXTURE(Fresh, "a window comes into being with its text, place and fir
     CHECK(main.bounds() == Rect{});
     CHECK(main.text().empty());
     REQUIRE(main.createAs(asMain()));
-    CHECK(main.exists());
     CHECK_FALSE(main.createAs(asMain()));
     CHECK_FALSE(main.visible());
     CHECK(main.text() == "main");
