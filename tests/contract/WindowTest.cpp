@@ -17,6 +17,9 @@ TEST_CASE_FIXTURE(Fresh, "a window comes into being with its text, place and fir
     CHECK_FALSE(main.visible());
     CHECK(main.bounds() == Rect{});
     CHECK(main.text().empty());
+    main.setPointer(Pointer::Drop);  // without a system window nothing happens
+    main.stopTimer(1);
+    main.destroy();
     REQUIRE(main.createAs(asMain()));
     CHECK_FALSE(main.createAs(asMain()));
     CHECK_FALSE(main.visible());
@@ -50,7 +53,6 @@ TEST_CASE_FIXTURE(Desk, "a new size is told before setBounds returns, a new plac
     log.clear();
     REQUIRE(waitFor([&] { return has(log, "a paint"); }));
     CHECK(a.lastDirty == Rect{0, 0, 80, 40});  // all of it, though it only shrank
-
     log.clear();
     a.setBounds({20, 30, 100, 70});
     CHECK(only(log, {"a size 80x40"}).empty());
@@ -149,7 +151,6 @@ TEST_CASE_FIXTURE(Fresh, "a timer fires with its id until it is closed") {
     CHECK(ids.empty());  // only the message loop fires it
     CHECK(waitFor([&] { return ids.size() >= 3 && others >= 3; }));
     for (const std::uintptr_t id : ids) CHECK(id == one.raw());
-
     one.reset();
     ids.clear();
     others = 0;
@@ -269,7 +270,6 @@ TEST_CASE_FIXTURE(Desk,
     a.acceptFiles(true);
     contract::dropFiles(a, paths);
     CHECK(a.dropped == paths);
-
     // To the innermost control.
     Probe inner("inner", log, asChildOf(a, {0, 0, 20, 20}));
     contract::changeSystemColors(main);
