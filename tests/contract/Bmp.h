@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -40,18 +41,14 @@ inline std::string fileOf(const Bmp& bmp) {
     return file + rows;
 }
 
-// The pixels of a file as savePictureFile writes it: 32 bits, rows from bottom to top.
+// The pixels of a file as savePictureFile writes it: 32 bits, rows from bottom to top. None when it has another
+// size.
 inline std::vector<std::uint32_t> pixelsOf(const std::string& file, platform::Size size) {
-    std::vector<std::uint32_t> pixels;
-    for (int y = size.height - 1; y >= 0; --y) {
-        for (int x = 0; x < size.width; ++x) {
-            const auto at = static_cast<std::size_t>(54 + 4 * (y * size.width + x));
-            std::uint32_t pixel = 0;
-            for (std::size_t i = 0; i < 4 && at + i < file.size(); ++i) {
-                pixel |= static_cast<std::uint32_t>(static_cast<unsigned char>(file[at + i])) << 8 * i;
-            }
-            pixels.push_back(pixel);
-        }
+    const auto width = static_cast<std::size_t>(size.width);
+    std::vector<std::uint32_t> pixels(width * static_cast<std::size_t>(size.height));
+    if (file.size() != 54 + 4 * pixels.size()) return {};
+    for (std::size_t row = 0; row < pixels.size(); row += width) {
+        std::memcpy(&pixels[row], &file[54 + 4 * (pixels.size() - width - row)], 4 * width);
     }
     return pixels;
 }

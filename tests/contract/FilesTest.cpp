@@ -3,175 +3,136 @@
 #include <doctest/doctest.h>
 
 #include <algorithm>
+#include <numeric>
 
 #include "contract/Machine.h"
 #include "platform/Clock.h"
 #include "platform/CodePage.h"
 
+using namespace contract;
+using namespace platform;
+
 using Names = std::vector<std::string>;
 
-namespace {
+TEST_CASE_FIXTURE(Fresh, "files keep what is written") {
+    const std::string path = scratch + "file.txt";
+    CHECK(fileMissing(path));
+    CHECK_FALSE(readFile(path));
+    CHECK_FALSE(deleteFile(path));
+    CHECK(fileMissing(scratch + "no folder\\file"));
+    CHECK_FALSE(fileMissing(scratch));
 
-Names sorted(Names names) {
-    std::sort(names.begin(), names.end());
-    return names;
-}
-
-std::string allBytes() {
-    std::string bytes;
-    for (int value = 0; value < 256; ++value) bytes += static_cast<char>(value);
-    return bytes;
-}
-
-}  // namespace
-
-TEST_CASE("files keep what is written") {
-    contract::freshMachine();
-    const std::string path = contract::scratchFolder() + "file.txt";
-    CHECK_FALSE(platform::fileExists(path));
-    CHECK(platform::fileMissing(path));
-    CHECK(platform::fileMissing(contract::scratchFolder() + "no folder\\file"));
-    CHECK_FALSE(platform::fileMissing(contract::scratchFolder()));
-    CHECK_FALSE(platform::readFile(path));
-
+    std::string allBytes(256, '\0');
+    std::iota(allBytes.begin(), allBytes.end(), '\0');
     // Each replaces the one before, longer ones included.
-    const Names contents = {"line\r\n", std::string(300000, 'x'), allBytes() + allBytes(), "", "\x1A"};
+    const Names contents = {"line\r\n", std::string(300000, 'x'), allBytes + allBytes, "", "\x1A"};
     for (const std::string& content : contents) {
-        CHECK(platform::writeFile(path, content));
-        CHECK(platform::readFile(path) == content);
-        CHECK(platform::fileExists(path));
-        CHECK_FALSE(platform::fileMissing(path));
+        CHECK(writeFile(path, content));
+        CHECK(readFile(path) == content);
+        CHECK(fileExists(path));
+        CHECK_FALSE(fileMissing(path));
     }
-
-    CHECK(platform::writeFile(path, "12345"));
-    CHECK(platform::readFile(path, 5) == "12345");
-    CHECK_FALSE(platform::readFile(path, 4));
-
-    CHECK(platform::deleteFile(path));
-    CHECK_FALSE(platform::deleteFile(path));
-    CHECK_FALSE(platform::fileExists(path));
+    CHECK(writeFile(path, "12345"));
+    CHECK(readFile(path, 5) == "12345");
+    CHECK_FALSE(readFile(path, 4));
+    CHECK(deleteFile(path));
+    CHECK(fileMissing(path));
 }
 
-TEST_CASE("what is no file cannot be read, written or deleted") {
-    contract::freshMachine();
-    const std::string scratch = contract::scratchFolder();
-    REQUIRE(platform::createFolders(scratch + "Folder"));
-    REQUIRE(platform::writeFile(scratch + "file", "content"));
+TEST_CASE_FIXTURE(Fresh, "what is no file cannot be read, written or deleted") {
+    REQUIRE(createFolders(scratch + "Folder"));
+    REQUIRE(writeFile(scratch + "file", "content"));
     const std::string nul(1, '\0');
     for (const std::string& path : {scratch + "Folder", scratch + "missing\\file", scratch + "file" + nul,
                                     scratch + "file" + nul + ".txt", std::string(), scratch + "a*b"}) {
         CAPTURE(path);
-        CHECK_FALSE(platform::readFile(path));
-        CHECK_FALSE(platform::fileExists(path));
-        CHECK_FALSE(platform::writeFile(path, "new"));
-        CHECK_FALSE(platform::deleteFile(path));
-        CHECK_FALSE(platform::moveFileOver(path + "?", scratch + "moved"));
-        CHECK_FALSE(platform::moveFileOver(scratch + "file", path));
+        CHECK_FALSE(readFile(path));
+        CHECK_FALSE(fileExists(path));
+        CHECK_FALSE(writeFile(path, "new"));
+        CHECK_FALSE(deleteFile(path));
+        CHECK_FALSE(moveFileOver(path + "?", scratch + "moved"));
+        CHECK_FALSE(moveFileOver(scratch + "file", path));
     }
-    CHECK(platform::readFile(scratch + "file") == "content");
+    CHECK(readFile(scratch + "file") == "content");
 }
 
-TEST_CASE("a stamp tells states of a file apart") {
-    contract::freshMachine();
-    const std::string path = contract::scratchFolder() + "file.txt";
-    CHECK_FALSE(platform::fileStamp(path));
-    CHECK_FALSE(platform::fileStamp(contract::scratchFolder()));
+TEST_CASE_FIXTURE(Fresh, "a stamp tells states of a file apart") {
+    const std::string path = scratch + "file.txt";
+    for (const std::string& none : {path, scratch}) CHECK_FALSE(fileStamp(none));
     constexpr std::uint64_t kMinute = 600'000'000;
-    const std::uint64_t before = platform::systemTime() - kMinute;
-    REQUIRE(platform::writeFile(path, "first"));
-    const auto first = platform::fileStamp(path);
-    REQUIRE(first);
-    CHECK(first->size == 5);
-    CHECK(first->lastWrite > before);
-    CHECK(first->lastWrite < before + 2 * kMinute);
-    CHECK(platform::fileStamp(path) == first);
-    REQUIRE(platform::writeFile(path, "longer than first"));
-    CHECK(platform::fileStamp(path) != first);
-    const auto second = platform::fileStamp(path);
-    REQUIRE(platform::moveFileOver(path, path + ".moved"));
-    CHECK(platform::fileStamp(path + ".moved") == second);
+    REQUIRE(writeFile(path, "first"));
+    const FileStamp first = fileStamp(path).value_or(FileStamp{});
+    CHECK(first.size == 5);
+    CHECK(first.lastWrite > systemTime() - kMinute);
+    CHECK(first.lastWrite < systemTime() + kMinute);
+    CHECK(fileStamp(path) == first);
+    REQUIRE(writeFile(path, "longer than first"));
+    const auto second = fileStamp(path);
+    CHECK(second != first);
+    REQUIRE(moveFileOver(path, path + ".moved"));
+    CHECK(fileStamp(path + ".moved") == second);
 }
 
-TEST_CASE("a file takes another's place in one step") {
-    contract::freshMachine();
-    const std::string from = contract::scratchFolder() + "new.tmp";
-    const std::string to = contract::scratchFolder() + "old";
-    REQUIRE(platform::writeFile(from, "new"));
-    CHECK(platform::moveFileOver(from, to));
-    CHECK(platform::readFile(to) == "new");
-    CHECK_FALSE(platform::fileExists(from));
-
-    REQUIRE(platform::writeFile(from, "newer"));
-    CHECK(platform::moveFileOver(from, to));
-    CHECK(platform::readFile(to) == "newer");
-    CHECK_FALSE(platform::fileExists(from));
-
-    CHECK_FALSE(platform::moveFileOver(from, to));
-    CHECK(platform::readFile(to) == "newer");
+TEST_CASE_FIXTURE(Fresh, "a file takes another's place in one step, but not that of a sealed one") {
+    const std::string from = scratch + "new.tmp";
+    const std::string to = scratch + "old";
+    for (const char* content : {"new", "newer"}) {
+        REQUIRE(writeFile(from, content));
+        CHECK(moveFileOver(from, to));
+        CHECK(readFile(to) == content);
+        CHECK_FALSE(fileExists(from));
+    }
+    CHECK_FALSE(moveFileOver(from, to));
+    const std::string sealed = sealedFile();
+    CHECK_FALSE(moveFileOver(to, sealed));
+    CHECK(readFile(to) == "newer");
+    CHECK_FALSE(writeFile(sealed, "new"));
+    CHECK_FALSE(deleteFile(sealed));
+    CHECK_FALSE(moveFileOver(sealed, scratch + "moved"));
+    CHECK(readFile(sealed) == "old");
 }
 
-TEST_CASE("a sealed file stays as it is") {
-    contract::freshMachine();
-    const std::string sealed = contract::sealedFile();
-    CHECK(platform::readFile(sealed) == "old");
-    CHECK_FALSE(platform::writeFile(sealed, "new"));
-    CHECK_FALSE(platform::deleteFile(sealed));
-    CHECK_FALSE(platform::moveFileOver(sealed, contract::scratchFolder() + "moved"));
-    const std::string other = contract::scratchFolder() + "other";
-    REQUIRE(platform::writeFile(other, "new"));
-    CHECK_FALSE(platform::moveFileOver(other, sealed));
-    CHECK(platform::readFile(other) == "new");
-    CHECK(platform::readFile(sealed) == "old");
-}
-
-TEST_CASE("files are found by name whatever its case") {
-    contract::freshMachine();
-    const std::string scratch = contract::scratchFolder();
+TEST_CASE_FIXTURE(Fresh, "files are found by name whatever its case") {
     for (const char* name :
          {"one.bmp", "Two.BMP", "three.bmpx", "bmp", "Gr\xC3\xB6\xC3\x9F\x65.bmp", "My Favs 1"}) {
-        REQUIRE(platform::writeFile(scratch + name, name));
+        REQUIRE(writeFile(scratch + name, name));
     }
-    REQUIRE(platform::createFolders(scratch + "folder.bmp"));
-    CHECK(sorted(platform::listFiles(scratch, "*.bmp")) ==
-          Names{"Gr\xC3\xB6\xC3\x9F\x65.bmp", "Two.BMP", "one.bmp"});
-    CHECK(platform::listFiles(scratch, "my favs *") == Names{"My Favs 1"});
-    CHECK(platform::listFiles(scratch, "*").size() == 6);
-    CHECK(platform::listFiles(scratch, "*.txt").empty());
-    CHECK(platform::listFiles(scratch + "missing\\", "*").empty());
-    CHECK(platform::readFile(scratch + "ONE.bmp") == "one.bmp");
-    CHECK(platform::readFile(scratch + "Gr\xC3\xB6\xC3\x9F\x65.bmp"));
+    REQUIRE(createFolders(scratch + "folder.bmp"));
+    Names bitmaps = listFiles(scratch, "*.bmp");
+    std::sort(bitmaps.begin(), bitmaps.end());
+    CHECK(bitmaps == Names{"Gr\xC3\xB6\xC3\x9F\x65.bmp", "Two.BMP", "one.bmp"});
+    CHECK(listFiles(scratch, "my favs *") == Names{"My Favs 1"});
+    CHECK(listFiles(scratch, "*").size() == 6);
+    CHECK(listFiles(scratch, "*.txt").empty());
+    CHECK(listFiles(scratch + "missing\\", "*").empty());
+    CHECK(readFile(scratch + "ONE.bmp") == "one.bmp");
+    CHECK(readFile(scratch + "Gr\xC3\xB6\xC3\x9F\x65.bmp"));
 }
 
-TEST_CASE("folders are created with their parents") {
-    contract::freshMachine();
-    const std::string scratch = contract::scratchFolder();
-    CHECK(platform::createFolders(scratch + "Cache\\Filters"));
-    CHECK(platform::createFolders(scratch + "Cache\\Filters\\"));
-    CHECK(platform::createFolders(scratch + "Other\\"));
-    CHECK(platform::writeFile(scratch + "Cache\\Filters\\file", ""));
-    CHECK(platform::writeFile(scratch + "Other\\file", ""));
-    CHECK_FALSE(platform::createFolders(scratch + "Cache\\Filters\\file"));
-    CHECK_FALSE(platform::createFolders(scratch + "Cache\\Filters\\file\\below"));
-    CHECK_FALSE(platform::createFolders(""));
+TEST_CASE_FIXTURE(Fresh, "folders are created with their parents") {
+    for (const std::string& folder : {scratch + "Cache\\Filters", scratch + "Cache\\Filters\\"}) {
+        CHECK(createFolders(folder));
+        CHECK(writeFile(scratch + "Cache\\Filters\\file", ""));
+    }
+    CHECK(createFolders(scratch + "Other\\"));
+    for (const std::string& none :
+         {scratch + "Cache\\Filters\\file", scratch + "Cache\\Filters\\file\\below", std::string()}) {
+        CHECK_FALSE(createFolders(none));
+    }
 }
 
-TEST_CASE("long path names") {
-    contract::freshMachine();
-    const std::string scratch = contract::scratchFolder();
-    REQUIRE(platform::createFolders(scratch + "Mixed"));
-    REQUIRE(platform::writeFile(scratch + "Mixed\\Name.exe", ""));
-    REQUIRE(platform::writeFile(scratch + "Mixed\\Longer than 8.3.exe", ""));
-    const auto path = platform::longPathName(scratch + "mixed\\NAME.EXE");
-    REQUIRE(path);
-    CHECK(path->ends_with("\\Mixed\\Name.exe"));
+TEST_CASE_FIXTURE(Fresh, "long path names") {
+    REQUIRE(createFolders(scratch + "Mixed"));
+    REQUIRE(writeFile(scratch + "Mixed\\Name.exe", ""));
+    REQUIRE(writeFile(scratch + "Mixed\\Longer than 8.3.exe", ""));
+    CHECK(longPathName(scratch + "mixed\\NAME.EXE").value_or("").ends_with("\\Mixed\\Name.exe"));
     // The system looks up only what might be a short name; the case of others is not to be relied on.
-    const auto longer = platform::longPathName(scratch + "mixed\\LONGER than 8.3.exe");
-    REQUIRE(longer);
-    CHECK(platform::lowerCase(*longer).ends_with("\\mixed\\longer than 8.3.exe"));
-    CHECK(platform::longPathName(scratch + "Mixed"));
+    const std::string longer = longPathName(scratch + "mixed\\LONGER than 8.3.exe").value_or("");
+    CHECK(lowerCase(longer).ends_with("\\mixed\\longer than 8.3.exe"));
+    CHECK(longPathName(scratch + "Mixed"));
     for (const std::string& unresolved : {scratch + "missing.exe", std::string(),
                                           std::string("\\systemroot\\x.exe"), scratch + std::string(2000, 'x')}) {
         CAPTURE(unresolved);
-        CHECK_FALSE(platform::longPathName(unresolved));
+        CHECK_FALSE(longPathName(unresolved));
     }
 }

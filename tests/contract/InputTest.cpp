@@ -1,178 +1,148 @@
 // Mouse, keys and focus.
-#include <string>
-
 #include "contract/Probe.h"
+#include "platform/Keys.h"
+#include "platform/Menu.h"
 
 using namespace contract;
 using namespace platform;
 
-TEST_CASE("the mouse is held by one window, which is told when it loses it") {
-    Desk desk;
-    desk.a.capture();
-    CHECK(desk.a.captured());
-    SUBCASE("releasing") {
-        desk.b.releaseCapture();  // not its to release
-        CHECK(desk.a.captured());
-        CHECK(desk.log.empty());
-        desk.a.releaseCapture();
-        CHECK_FALSE(desk.a.captured());
-        CHECK(desk.log == Log{"a captureLost"});
-        desk.a.releaseCapture();
-        CHECK(desk.log == Log{"a captureLost"});
-    }
-    SUBCASE("another window takes it") {
-        desk.b.capture();
-        CHECK(desk.b.captured());
-        CHECK_FALSE(desk.a.captured());
-        CHECK(desk.log == Log{"a captureLost"});
-    }
-    SUBCASE("taking it again takes it from nobody") {
-        desk.a.capture();
-        CHECK(desk.a.captured());
-        CHECK(desk.log.empty());
-    }
-    SUBCASE("hiding keeps it") {
-        desk.a.show(ShowCommand::Hide);
-        CHECK(desk.a.captured());
-        CHECK_FALSE(has(desk.log, "a captureLost"));
-    }
-    SUBCASE("destroying tells nobody") {
-        desk.a.destroy();
-        CHECK_FALSE(has(desk.log, "a captureLost"));
-        CHECK(has(desk.log, "a destroyed"));
-    }
-    SUBCASE("a modal dialog takes it away") {
-        Probe dialog("dialog", desk.log);
-        REQUIRE(dialog.createDialog(&desk.main));
-        contract::runModal(dialog, desk.main, [&] {
-            CHECK(has(desk.log, "a captureLost"));
-            CHECK_FALSE(desk.a.captured());
-            dialog.destroy();
-        });
-    }
+TEST_CASE_FIXTURE(Desk, "the mouse is held by one window, which is told when it loses it") {
+    a.capture();
+    a.capture();         // from nobody else
+    b.releaseCapture();  // not its to release
+    CHECK(a.captured());
+    CHECK(log.empty());
+    b.capture();
+    CHECK(b.captured());
+    CHECK_FALSE(a.captured());
+    CHECK(log == Log{"a captureLost"});
+    b.releaseCapture();
+    b.releaseCapture();
+    CHECK_FALSE(b.captured());
+    CHECK(log == Log{"a captureLost", "b captureLost"});
+
+    a.capture();
+    log.clear();
+    Probe dialog("dialog", log, asDialogOf(main));
+    contract::runModal(dialog, main, [&] {  // which takes it away
+        CHECK(has(log, "a captureLost"));
+        CHECK_FALSE(a.captured());
+        dialog.destroy();
+    });
+
+    a.capture();
+    log.clear();
+    a.show(ShowCommand::Hide);
+    CHECK(a.captured());
+    a.destroy();
+    CHECK_FALSE(has(log, "a captureLost"));
+    CHECK(has(log, "a destroyed"));
 }
 
-TEST_CASE("Tab moves the focus from tab stop to tab stop, in order of creation") {
-    Desk desk;
-    Probe box("box", desk.log);
-    Probe nested("nested", desk.log);
-    Probe last("last", desk.log);
-    REQUIRE(box.createIn(&desk.main, {10, 70, 200, 150}));  // no tab stop itself
-    REQUIRE(nested.createIn(&box, {0, 0, 50, 20}, true));
-    REQUIRE(last.createIn(&desk.main, {10, 160, 60, 180}, true));
+TEST_CASE_FIXTURE(Desk, "Tab moves the focus from tab stop to tab stop, in order of creation") {
+    Probe box("box", log, asChildOf(main, {10, 70, 200, 150}));  // no tab stop itself
+    Probe nested("nested", log, asChildOf(box, {0, 0, 50, 20}, true));
+    Probe last("last", log, asChildOf(main, {10, 160, 60, 180}, true));
     const auto tab = [](bool backward = false) { contract::pressKey(key::kTab, {backward, false, false}); };
 
-    desk.a.focus();
-    REQUIRE(desk.a.focused());
-    desk.log.clear();
+    a.focus();
+    REQUIRE(a.focused());
+    Probe none("none", log);
+    none.focus();  // without a system window there is nothing to take it
+    log.clear();
     tab();
-    CHECK(desk.log == Log{"a blur", "b focus"});
-    tab();
-    CHECK(nested.focused());
-    tab();
-    CHECK(last.focused());
-    tab();
-    CHECK(desk.a.focused());
-    tab(true);
-    CHECK(last.focused());
-    tab(true);
-    CHECK(nested.focused());
-
-    SUBCASE("hidden and disabled windows are left out, with all that is inside") {
-        desk.b.enable(false);
-        box.show(ShowCommand::Hide);
-        desk.a.focus();
+    CHECK(log == Log{"a blur", "b focus"});
+    for (const Probe* next : {&nested, &last, &a}) {
         tab();
-        CHECK(last.focused());
-        CHECK_FALSE(desk.b.enabled());
+        CHECK(next->focused());
     }
-    SUBCASE("from a window that is no tab stop it starts at an end") {
-        desk.main.focus();
-        tab();
-        CHECK(desk.a.focused());
-        desk.main.focus();
+    for (const Probe* before : {&last, &nested}) {
         tab(true);
-        CHECK(last.focused());
+        CHECK(before->focused());
     }
-    SUBCASE("other keys arrive, with what is held") {
-        desk.b.focus();
-        desk.log.clear();
-        contract::pressKey(key::kEnter);
-        contract::pressKey('A', {true, true, false});
-        CHECK(desk.log == Log{"b key 13", "b keyup 13", "b key shift ctrl 65", "b keyup shift ctrl 65"});
+
+    // From a window that is no tab stop it starts at an end.
+    for (const bool backward : {false, true}) {
+        main.focus();
+        tab(backward);
+        CHECK((backward ? last : a).focused());
     }
+    // Hidden and disabled windows are left out, with all that is inside.
+    b.enable(false);
+    CHECK_FALSE(b.enabled());
+    box.show(ShowCommand::Hide);
+    a.focus();
+    tab();
+    CHECK(last.focused());
+
+    // Other keys arrive, with what is held.
+    log.clear();
+    contract::pressKey(key::kEnter);
+    contract::pressKey('A', {true, true, false});
+    CHECK(log == Log{"last key 13", "last keyup 13", "last key shift ctrl 65", "last keyup shift ctrl 65"});
+    last.show(ShowCommand::Hide);  // which gives the focus to its parent
+    CHECK(main.focused());
 }
 
-TEST_CASE("a control that is hidden gives the focus to its parent") {
-    Desk desk;
-    desk.a.focus();
-    desk.a.show(ShowCommand::Hide);
-    CHECK(desk.main.focused());
+TEST_CASE_FIXTURE(Desk, "buttons, wheel and double clicks are decoded") {
+    contract::mouseDown(a, {3, 4}, MouseButton::Right, {true, true, false});
+    contract::mouseUp(a, {3, 4}, MouseButton::Right);
+    contract::mouseDown(a, {5, 6}, MouseButton::Middle);
+    contract::mouseUp(a, {5, 6}, MouseButton::Middle);
+    CHECK(log == Log{"a down right shift ctrl 3,4", "a up right 3,4", "a down middle 5,6", "a up middle 5,6"});
+
+    log.clear();
+    contract::doubleClick(a, {7, 8});
+    CHECK(log == Log{"a down left held 7,8", "a up left 7,8", "a double left held 7,8", "a up left 7,8"});
+
+    // The wheel goes where the pointer is, not where the focus is.
+    a.focus();
+    contract::wheel(b, {30, 20}, 120);
+    contract::wheel(b, {30, 20}, -240);
+    CHECK(only(log, {"b wheel 120 30,20", "b wheel -240 30,20"}).size() == 2);
+
+    // Outside the window while it holds the mouse.
+    a.capture();
+    contract::mouseUp(a, {-20, -30}, MouseButton::Left);
+    CHECK(has(log, "a up left -20,-30"));
 }
 
-TEST_CASE("buttons, wheel and double clicks are decoded") {
-    Desk desk;
-    contract::mouseDown(desk.a, {3, 4}, MouseButton::Right, {true, true, false});
-    contract::mouseUp(desk.a, {3, 4}, MouseButton::Right);
-    contract::mouseDown(desk.a, {5, 6}, MouseButton::Middle);
-    contract::mouseUp(desk.a, {5, 6}, MouseButton::Middle);
-    CHECK(desk.log == Log{"a down right shift ctrl 3,4", "a up right 3,4", "a down middle 5,6", "a up middle 5,6"});
-
-    desk.log.clear();
-    contract::doubleClick(desk.a, {7, 8});
-    CHECK(desk.log == Log{"a down left held 7,8", "a up left 7,8", "a double left held 7,8", "a up left 7,8"});
-
-    SUBCASE("outside the window while it holds the mouse") {
-        desk.a.capture();
-        desk.log.clear();
-        contract::mouseUp(desk.a, {-20, -30}, MouseButton::Left);
-        CHECK(has(desk.log, "a up left -20,-30"));
-    }
-    SUBCASE("the wheel goes where the pointer is, not where the focus is") {
-        desk.a.focus();
-        desk.log.clear();
-        contract::wheel(desk.b, {30, 20}, 120);
-        contract::wheel(desk.b, {30, 20}, -240);
-        CHECK(only(desk.log, {"b wheel 120 30,20", "b wheel -240 30,20"}).size() == 2);
-    }
-}
-
-TEST_CASE("a window is told that the pointer comes, moves and leaves") {
-    Desk desk;
-    for (Probe* probe : {&desk.main, &desk.a, &desk.b}) probe->notesPointer = true;
-    // A pointer that is moved by a program may be reported where it was before, so it is moved until it is there.
+TEST_CASE_FIXTURE(Desk, "a window is told that the pointer comes, moves and leaves") {
+    for (Probe* probe : {&main, &a, &b}) probe->notesPointer = true;
     const auto reaches = [&](Probe& window, Point at, const std::string& event) {
-        return waitFor([&] {
-            contract::movePointer(window, at);
-            pumpMessages();
-            return has(desk.log, event) && window.underPointer();
-        });
+        return handUntil(contract::setPointer, window, at,
+                         [&] { return has(log, event) && window.underPointer(); });
     };
-    CHECK(reaches(desk.main, {300, 200}, "main move 300,200"));
-    CHECK(reaches(desk.a, {20, 30}, "a move 20,30"));
-    CHECK_FALSE(has(desk.log, "b move 20,30"));
-    CHECK_FALSE(has(desk.log, "b leave"));  // it was never there
+    CHECK(reaches(main, {300, 200}, "main move 300,200"));
+    CHECK(reaches(a, {20, 30}, "a move 20,30"));
+    CHECK(pointerPosition() == a.toScreen({20, 30}));
+    CHECK_FALSE(has(log, "b move 20,30"));
+    CHECK_FALSE(has(log, "b leave"));  // it was never there
 
     const auto leaves = [&](Probe& from, Probe& to, const std::string& event) {
-        desk.log.clear();
-        return waitFor([&] {
-            contract::movePointer(from, {20, 30});
+        log.clear();
+        return handUntil(contract::setPointer, to, {20, 30}, [&] {
+            if (has(log, event)) return true;
+            contract::setPointer(from, {20, 30});
             pumpMessages();
-            contract::movePointer(to, {20, 30});
-            pumpMessages();
-            return has(desk.log, event);
+            return false;
         });
     };
-    CHECK(leaves(desk.a, desk.b, "a leave"));
-    CHECK(leaves(desk.b, desk.a, "b leave"));
+    CHECK(leaves(a, b, "a leave"));
+    CHECK(leaves(b, a, "b leave"));
     // While it holds the mouse the pointer does not leave it.
-    desk.a.capture();
-    desk.log.clear();
-    CHECK(waitFor([&] {
-        contract::movePointer(desk.b, {20, 30});
-        pumpMessages();
-        return has(desk.log, "a move 130,30");
-    }));
-    CHECK_FALSE(has(desk.log, "a leave"));
-    desk.a.releaseCapture();
+    a.capture();
+    log.clear();
+    CHECK(handUntil(contract::setPointer, b, {20, 30}, [&] { return has(log, "a move 130,30"); }));
+    CHECK_FALSE(has(log, "a leave"));
+    a.releaseCapture();
+}
+
+TEST_CASE_FIXTURE(Desk, "a key is down from its press until it is let go, whoever has the focus") {
+    CHECK_FALSE(keyDown(key::kShift));
+    contract::moveKey(key::kShift, true);
+    CHECK(waitFor([] { return keyDown(key::kShift); }));
+    CHECK_FALSE(keyDown(key::kCtrl));
+    contract::moveKey(key::kShift, false);
+    CHECK(waitFor([] { return !keyDown(key::kShift); }));
 }

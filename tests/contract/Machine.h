@@ -13,7 +13,7 @@
 
 namespace contract {
 
-// First line of every test: the simulated machine is reset; on Windows what a test may have left is removed.
+// Begins every test: the simulated machine is reset; on Windows what a test may have left is removed.
 void freshMachine();
 
 // The section of the settings store that tests may write to; nothing is in it after freshMachine.
@@ -23,6 +23,8 @@ enum class StoredAs { Text, ExpandableText, Binary };
 // Puts a value into the store past the seam, its bytes exactly as given (text without a NUL at its end, say).
 void putStored(const std::string& key, StoredAs kind, const std::string& bytes);
 
+// The entry of the user's run list that tests may write; there is none after freshMachine.
+inline const std::string kRunEntry = "Kestrum2 Contract";
 // The bytes of an entry of the user's run list as they are stored there, without the NUL at their end; nullopt when
 // there is no such text, or no NUL at its end.
 std::optional<std::string> storedRunEntry(const std::string& name);
@@ -31,6 +33,12 @@ std::optional<std::string> storedRunEntry(const std::string& name);
 std::string scratchFolder();
 // An existing file with the content "old" that can be read, but not written, replaced or deleted.
 std::string sealedFile();
+
+// The machine of a test that needs no windows.
+struct Fresh {
+    Fresh() { freshMachine(); }
+    const std::string scratch = scratchFolder();
+};
 
 enum class Load { Idle, Busy };
 

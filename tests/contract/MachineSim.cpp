@@ -8,6 +8,7 @@ namespace sim = platform::sim;
 void freshMachine() {
     sim::reset();
     sim::putFolder("C:\\Scratch");
+    sim::putFile("C:\\WINDOWS\\notepad.exe", "");
 }
 
 void putStored(const std::string& key, StoredAs kind, const std::string& bytes) {

@@ -4,62 +4,42 @@
 #include "contract/Machine.h"
 #include "platform/Files.h"
 #include "platform/Machine.h"
+#include "platform/RunList.h"
 #include "platform/Window.h"
-#include "platform/win32/Win32.h"
+#include "platform/win32/RegistryKey.h"
+
+#include <shellapi.h>
 
 namespace contract {
 
 namespace {
 
-std::string sectionKey() {
-    return "Software\\" + kSection;
-}
-
-std::string ownFolder() {
-    const std::string program = platform::programPath();
-    return program.substr(0, program.find_last_of('\\') + 1);
-}
+const std::string kSectionKey = "Software\\" + kSection;
 
 HANDLE& sealingHandle() {
     static HANDLE handle = INVALID_HANDLE_VALUE;
     return handle;
 }
 
-// Removes all that is in a folder (with trailing "\\").
-void emptyFolder(const std::string& folder) {
-    WIN32_FIND_DATAA found = {};
-    const HANDLE search = FindFirstFileA((folder + "*").c_str(), &found);
-    if (search == INVALID_HANDLE_VALUE) return;
-    do {
-        const std::string name = found.cFileName;
-        if (name == "." || name == "..") continue;
-        SetFileAttributesA((folder + name).c_str(), FILE_ATTRIBUTE_NORMAL);
-        if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
-            emptyFolder(folder + name + "\\");
-            RemoveDirectoryA((folder + name).c_str());
-        } else {
-            DeleteFileA((folder + name).c_str());
-        }
-    } while (FindNextFileA(search, &found) != 0);
-    FindClose(search);
-}
-
 }  // namespace
 
 void freshMachine() {
     if (sealingHandle() != INVALID_HANDLE_VALUE) CloseHandle(std::exchange(sealingHandle(), INVALID_HANDLE_VALUE));
-    RegDeleteKeyA(HKEY_CURRENT_USER, sectionKey().c_str());
-    const std::string folder = scratchFolder();
-    CreateDirectoryA(folder.c_str(), nullptr);
-    emptyFolder(folder);
+    RegDeleteKeyA(HKEY_CURRENT_USER, kSectionKey.c_str());
+    platform::deleteRunEntry(kRunEntry);
+    const std::string scratch = scratchFolder();
+    const std::string listed = scratch.substr(0, scratch.size() - 1) + '\0';  // a list of one name
+    SHFILEOPSTRUCTA remove{};
+    remove.wFunc = FO_DELETE;
+    remove.pFrom = listed.c_str();
+    remove.fFlags = FOF_NOCONFIRMATION | FOF_NOERRORUI | FOF_SILENT;
+    SHFileOperationA(&remove);
+    CreateDirectoryA(scratch.c_str(), nullptr);
 }
 
 void putStored(const std::string& key, StoredAs kind, const std::string& bytes) {
     HKEY section = nullptr;
-    if (RegCreateKeyExA(HKEY_CURRENT_USER, sectionKey().c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, &section,
-                        nullptr) != ERROR_SUCCESS) {
-        std::abort();
-    }
+    if (RegCreateKeyA(HKEY_CURRENT_USER, kSectionKey.c_str(), &section) != ERROR_SUCCESS) std::abort();
     const DWORD type = kind == StoredAs::Text ? REG_SZ : kind == StoredAs::Binary ? REG_BINARY : REG_EXPAND_SZ;
     RegSetValueExA(section, key.c_str(), 0, type, reinterpret_cast<const BYTE*>(bytes.data()),
                    static_cast<DWORD>(bytes.size()));
@@ -67,19 +47,12 @@ void putStored(const std::string& key, StoredAs kind, const std::string& bytes) 
 }
 
 std::optional<std::string> storedRunEntry(const std::string& name) {
-    HKEY list = nullptr;
-    if (RegOpenKeyExA(HKEY_CURRENT_USER, "Software\\Microsoft\\Windows\\CurrentVersion\\Run", 0, KEY_READ, &list) !=
-        ERROR_SUCCESS) {
-        return std::nullopt;
-    }
-    DWORD type = REG_NONE;
-    std::string bytes(4096, '\0');
-    DWORD length = static_cast<DWORD>(bytes.size());
-    const LONG result =
-        RegQueryValueExA(list, name.c_str(), nullptr, &type, reinterpret_cast<BYTE*>(bytes.data()), &length);
-    RegCloseKey(list);
-    if (result != ERROR_SUCCESS || type != REG_SZ || length == 0 || bytes[length - 1] != '\0') return std::nullopt;
-    return bytes.substr(0, length - 1);
+    constexpr char kList[] = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
+    const platform::KeyHandle list = platform::openKey(HKEY_CURRENT_USER, kList, KEY_READ);
+    std::optional<std::string> bytes = platform::valueBytes(list, name, REG_SZ);
+    if (!bytes || !bytes->ends_with('\0')) return std::nullopt;
+    bytes->pop_back();
+    return bytes;
 }
 
 std::string scratchFolder() {
@@ -97,7 +70,8 @@ std::string sealedFile() {
     return path;
 }
 
-Victim::Victim(Load load) : path_(ownFolder() + "Victim.exe") {
+Victim::Victim(Load load) : path_(platform::programPath()) {
+    path_.replace(path_.rfind('\\') + 1, path_.npos, "Victim.exe");
     STARTUPINFOA startup = {};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process = {};

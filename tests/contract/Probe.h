@@ -4,7 +4,7 @@
 #include <doctest/doctest.h>
 
 #include <algorithm>
-#include <initializer_list>
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -14,8 +14,6 @@
 #include "platform/Window.h"
 
 namespace contract {
-
-using namespace platform;
 
 using Log = std::vector<std::string>;
 
@@ -27,25 +25,37 @@ inline std::string place(Point at) {
     return number(at.x) + "," + number(at.y);
 }
 
+inline std::string extent(Size size) {
+    return number(size.width) + "x" + number(size.height);
+}
+
+// What a probe can be.
+inline WindowSpec asMain(const Rect& bounds = {100, 100, 500, 400}) {
+    return {WindowKind::Main, "ProbeMain", "", nullptr, bounds};
+}
+inline WindowSpec asDialogOf(Window& owner) {
+    return {WindowKind::Dialog, "", "", &owner, {150, 150, 350, 300}};
+}
+inline WindowSpec asChildOf(Window& parent, const Rect& bounds, bool tabStop = false) {
+    return {WindowKind::Child, "Probe", "", &parent, bounds, tabStop};
+}
+inline WindowSpec asListOf(Window& owner, const Rect& bounds) {
+    return {WindowKind::Popup, "ProbePopup", "", &owner, bounds};
+}
+inline WindowSpec asGadget(const Rect& bounds, Window* parent = nullptr) {
+    return {WindowKind::Gadget, "ProbeGadget", "", parent, bounds};
+}
+
 // Notes what it is told, as "name event".
 class Probe : public Window {
 public:
     Probe(std::string name, Log& log) : name_(std::move(name)), log_(log) {}
-
-    bool createIn(Window* parent, const Rect& bounds, bool tabStop = false) {
-        return create({WindowKind::Child, "Probe", name_, parent, bounds, tabStop});
+    Probe(std::string name, Log& log, const WindowSpec& spec) : Probe(std::move(name), log) {
+        REQUIRE(createAs(spec));
     }
-    bool createMain(const Rect& bounds = {100, 100, 500, 400}) {
-        return create({WindowKind::Main, "ProbeMain", name_, nullptr, bounds});
-    }
-    bool createDialog(Window* owner) {
-        return create({WindowKind::Dialog, "", name_, owner, {150, 150, 350, 300}});
-    }
-    bool createPopup(Window* owner, const Rect& bounds) {
-        return create({WindowKind::Popup, "ProbePopup", name_, owner, bounds});
-    }
-    bool createGadget(const Rect& bounds, Window* parent = nullptr) {
-        return create({WindowKind::Gadget, "ProbeGadget", name_, parent, bounds});
+    bool createAs(WindowSpec spec) {
+        spec.title = name_;
+        return create(spec);
     }
 
     // Moves and leaves are noted on request: a pointer that rests on the screen speaks up whenever a window comes
@@ -54,18 +64,21 @@ public:
     Rect lastDirty;
     Size least;
     bool keepOpen = false;
-    bool dragsByPress = false;  // of the left button
+    bool dragsByPress = false;           // of the left button
+    std::function<void(Canvas&)> draws;  // on the white ground
+    std::function<void()> keyPressed;
     std::vector<std::string> dropped;
 
 protected:
     void onPaint(Canvas& canvas, const Rect& dirty) override {
         canvas.fill(dirty, rgb(255, 255, 255));
+        if (draws) draws(canvas);
         lastDirty = dirty;
         note("paint");
     }
     void onSize(Size client, WindowState state) override {
         const char* names[] = {"size ", "minimized ", "maximized "};
-        note(names[static_cast<int>(state)] + number(client.width) + "x" + number(client.height));
+        note(names[static_cast<int>(state)] + extent(client));
     }
     void onMouse(const MouseEvent& event) override {
         if (event.action == MouseAction::Move && !notesPointer) return;
@@ -90,6 +103,7 @@ protected:
         if (event.modifiers.shift) text += "shift ";
         if (event.modifiers.ctrl) text += "ctrl ";
         note(text + number(event.code));
+        if (event.down && keyPressed) keyPressed();
     }
     void onFocus(bool gained) override { note(gained ? "focus" : "blur"); }
     void onTimer(int id) override { note("timer " + number(id)); }
@@ -125,31 +139,33 @@ inline bool has(const Log& log, const std::string& entry) {
     return count(log, entry) > 0;
 }
 
-// What of the log begins with "name what", in order.
-inline Log only(const Log& log, std::initializer_list<std::string> wanted) {
-    Log kept;
-    for (const std::string& entry : log) {
-        if (std::find(wanted.begin(), wanted.end(), entry) != wanted.end()) kept.push_back(entry);
-    }
-    return kept;
+// What of the log is wanted, in order.
+inline Log only(Log log, const Log& wanted) {
+    std::erase_if(log, [&wanted](const std::string& entry) { return !has(wanted, entry); });
+    return log;
+}
+
+// Moves the pointer there, or clicks there, until `done`: a pointer that is moved by a program may be reported
+// where it was before.
+inline bool handUntil(void (*hand)(Window&, Point), Window& window, Point at, const std::function<bool()>& done) {
+    return waitFor([&] {
+        hand(window, at);
+        pumpMessages();
+        return done();
+    });
 }
 
 // A main window with two controls, shown and painted.
-struct Desk {
+struct Desk : Fresh {
     Log log;
-    Probe main{"main", log};
-    Probe a{"a", log};
-    Probe b{"b", log};
+    Probe main{"main", log, asMain()};
+    Probe a{"a", log, asChildOf(main, {10, 10, 110, 60}, true)};
+    Probe b{"b", log, asChildOf(main, {120, 10, 220, 60}, true)};
 
     Desk() {
-        contract::freshMachine();
-        REQUIRE(main.createMain());
-        REQUIRE(a.createIn(&main, {10, 10, 110, 60}, true));
-        REQUIRE(b.createIn(&main, {120, 10, 220, 60}, true));
         main.show(ShowCommand::Show);
         pumpMessages();
-        REQUIRE(contract::waitFor(
-            [this] { return has(log, "main paint") && has(log, "a paint") && has(log, "b paint"); }));
+        REQUIRE(waitFor([this] { return has(log, "main paint") && has(log, "a paint") && has(log, "b paint"); }));
         log.clear();
     }
 };

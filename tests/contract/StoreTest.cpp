@@ -1,62 +1,91 @@
+// The user's part of the registry: the settings store, and what starts with the session.
 #include "platform/Store.h"
 
 #include <doctest/doctest.h>
 
+#include <string>
+
 #include "contract/Machine.h"
+#include "platform/RunList.h"
 
-using contract::kSection;
-using contract::StoredAs;
+using namespace contract;
+using namespace platform;
+using namespace std::string_literals;
 
-TEST_CASE("settings are kept as text") {
-    contract::freshMachine();
-    CHECK_FALSE(platform::storeRead(kSection, "Key"));
+TEST_CASE_FIXTURE(Fresh, "settings are kept as text") {
+    CHECK_FALSE(storeRead(kSection, "Key"));
     // Around the sizes where reading must ask again, and far beyond.
     for (const std::string& value :
-         {std::string("True"), std::string(), std::string("134,82,60,"),
-          std::string("Gr\xC3\xB6\xC3\x9F\x65 \xE2\x82\xAC"), std::string("a\r\nb\t\""), std::string(254, 'a'),
+         {"134,82,60,"s, ""s, "Gr\xC3\xB6\xC3\x9F\x65 \xE2\x82\xAC"s, "a\r\nb\t\""s, std::string(254, 'a'),
           std::string(255, 'b'), std::string(256, 'c'), std::string(257, 'd'), std::string(70000, 'e')}) {
-        CHECK(platform::storeWrite(kSection, "Key", value));
-        CHECK(platform::storeRead(kSection, "Key") == value);
+        CHECK(storeWrite(kSection, "Key", value));
+        CHECK(storeRead(kSection, "Key") == value);
     }
-    CHECK(platform::storeWrite(kSection, "Cut", std::string("before\0after", 12)));
-    CHECK(platform::storeRead(kSection, "Cut") == "before");
+    CHECK(storeWrite(kSection, "Cut", "before\0after"s));
+    CHECK(storeRead(kSection, "Cut") == "before");
 }
 
-TEST_CASE("settings are told apart by section and key, not by case") {
-    contract::freshMachine();
-    CHECK(platform::storeWrite(kSection, "One", "1"));
-    CHECK(platform::storeWrite(kSection, "Two", "2"));
-    CHECK(platform::storeRead(kSection, "oNE") == "1");
-    CHECK(platform::storeRead(kSection, "Two") == "2");
-    CHECK_FALSE(platform::storeRead(kSection, "Three"));
-    CHECK_FALSE(platform::storeRead(kSection + "Other", "One"));
+TEST_CASE_FIXTURE(Fresh, "settings are told apart by section and key, not by case") {
+    CHECK(storeWrite(kSection, "One", "1"));
+    CHECK(storeWrite(kSection, "Two", "2"));
+    CHECK(storeRead(kSection, "oNE") == "1");
+    CHECK(storeRead(kSection, "Two") == "2");
+    CHECK_FALSE(storeRead(kSection + "Other", "One"));
 
-    CHECK(platform::storeWrite(kSection, "Three", "3"));
-    CHECK(platform::storeDeleteValue(kSection, "tHREE"));
-    CHECK_FALSE(platform::storeDeleteValue(kSection, "Three"));
-    CHECK_FALSE(platform::storeDeleteValue(kSection + "Other", "One"));
-    CHECK_FALSE(platform::storeRead(kSection, "Three"));
-    CHECK(platform::storeRead(kSection, "One") == "1");
+    CHECK_FALSE(storeDeleteValue(kSection + "Other", "One"));
+    CHECK(storeDeleteValue(kSection, "tWO"));
+    CHECK_FALSE(storeDeleteValue(kSection, "Two"));
+    CHECK_FALSE(storeRead(kSection, "Two"));
+    CHECK(storeRead(kSection, "One") == "1");
 
-    CHECK(platform::storeDelete(kSection));
-    CHECK_FALSE(platform::storeRead(kSection, "One"));
-    CHECK_FALSE(platform::storeRead(kSection, "Two"));
-    CHECK_FALSE(platform::storeDelete(kSection));
-    CHECK(platform::storeWrite(kSection, "One", "again"));
-    CHECK(platform::storeRead(kSection, "One") == "again");
+    CHECK(storeDelete(kSection));
+    CHECK_FALSE(storeRead(kSection, "One"));
+    CHECK_FALSE(storeDelete(kSection));
+    CHECK(storeWrite(kSection, "One", "again"));
+    CHECK(storeRead(kSection, "One") == "again");
 }
 
-TEST_CASE("what others put into the store is read with care") {
-    contract::freshMachine();
-    contract::putStored("Binary", StoredAs::Binary, "abc");
-    CHECK_FALSE(platform::storeRead(kSection, "Binary"));
-    contract::putStored("Expandable", StoredAs::ExpandableText, std::string("%TEMP%", 7));
-    CHECK_FALSE(platform::storeRead(kSection, "Expandable"));
-    contract::putStored("Unterminated", StoredAs::Text, "abc");
-    CHECK(platform::storeRead(kSection, "Unterminated") == "abc");
-    contract::putStored("TwoParts", StoredAs::Text, std::string("abc\0def\0\0", 9));
-    CHECK(platform::storeRead(kSection, "TwoParts") == "abc");
+TEST_CASE_FIXTURE(Fresh, "what others put into the store is read with care") {
+    for (const StoredAs kind : {StoredAs::Binary, StoredAs::ExpandableText}) {
+        putStored("Key", kind, "%TEMP%\0"s);
+        CHECK_FALSE(storeRead(kSection, "Key"));
+    }
+    for (const std::string& bytes : {"abc"s, "abc\0def\0\0"s}) {
+        putStored("Key", StoredAs::Text, bytes);
+        CHECK(storeRead(kSection, "Key") == "abc");
+    }
+    putStored("Key", StoredAs::Binary, "abc");
+    CHECK(storeWrite(kSection, "Key", "text now"));
+    CHECK(storeRead(kSection, "Key") == "text now");
+}
 
-    CHECK(platform::storeWrite(kSection, "Binary", "text now"));
-    CHECK(platform::storeRead(kSection, "Binary") == "text now");
+TEST_CASE_FIXTURE(Fresh, "an entry of the run list is written, found in either case, replaced and deleted") {
+    CHECK_FALSE(runEntryExists(kRunEntry));
+    CHECK(deleteRunEntry(kRunEntry));  // there is none afterwards
+    REQUIRE(writeRunEntry(kRunEntry, "C:\\Kestrum 2\\Kestrum2.exe"));
+    CHECK(runEntryExists(kRunEntry));
+    CHECK(runEntryExists("kESTRUM2 contract"));
+    CHECK_FALSE(runEntryExists(kRunEntry + "2"));
+    REQUIRE(writeRunEntry("KESTRUM2 CONTRACT", "short"));
+    CHECK(storedRunEntry(kRunEntry) == "short");
+
+    // A name that holds a NUL is not taken for what stands in front of it.
+    const std::string other = kRunEntry + "\0more"s;
+    CHECK_FALSE(writeRunEntry(other, "lost"));
+    CHECK_FALSE(runEntryExists(other));
+    CHECK(deleteRunEntry(other));
+    CHECK(storedRunEntry(kRunEntry) == "short");
+    CHECK(deleteRunEntry(kRunEntry));
+    CHECK_FALSE(runEntryExists(kRunEntry));
+    CHECK_FALSE(storedRunEntry(kRunEntry));
+}
+
+TEST_CASE_FIXTURE(Fresh, "a command is stored with every byte it has, and one NUL behind it") {
+    for (const std::string& command : {"\"C:\\a b\\c.exe\" /d  e"s, "ends in one\0"s, "\0in front"s,
+                                       "one\0two\0\0three"s, ""s, "gr\xC3\xBC\xC3\x9F"s, std::string(3000, 'x')}) {
+        CAPTURE(command.size());
+        REQUIRE(writeRunEntry(kRunEntry, command));
+        CHECK(storedRunEntry(kRunEntry) == command);
+        CHECK(runEntryExists(kRunEntry));
+    }
 }

@@ -1,73 +1,56 @@
 // What windows owe to Windows' own ways, which the simulation does not have: update regions with gaps, mouse
-// capture by the system, and the messages of pointer tracking.
+// capture by the system, the messages of pointer tracking, and the code page of text.
 #include "contract/Probe.h"
-#include "platform/win32/Win32.h"
+#include "platform/win32/WindowData.h"
 
 using namespace contract;
 using namespace platform;
 
-namespace {
-
-HWND hwndOf(const Window& window) {
-    return reinterpret_cast<HWND>(window.native());
+TEST_CASE_FIXTURE(Desk, "rows between two invalid ones need no paint") {
+    std::vector<bool> needed;
+    a.draws = [&needed](Canvas& canvas) {
+        needed.clear();
+        for (const int top : {0, 10, 20, 30}) needed.push_back(canvas.needsPaint({0, top, 100, top + 10}));
+    };
+    a.invalidate({0, 0, 100, 10});
+    a.invalidate({0, 30, 100, 40});
+    a.update();
+    CHECK(needed == std::vector<bool>{true, false, false, true});
 }
 
-class Rows : public Window {
-public:
-    bool first = false;
-    bool between = false;
-    bool last = false;
-
-protected:
-    void onPaint(Canvas& canvas, const Rect& dirty) override {
-        first = canvas.needsPaint({0, 0, 100, 10});
-        between = canvas.needsPaint({0, 10, 100, 30});
-        last = canvas.needsPaint({0, 30, 100, 40});
-        canvas.fill(dirty, rgb(255, 255, 255));
-    }
-};
-
-}  // namespace
-
-TEST_CASE("rows between two invalid ones need no paint") {
-    Desk desk;
-    Rows rows;
-    REQUIRE(rows.create({WindowKind::Child, "Rows", "rows", &desk.main, {10, 70, 110, 130}}));
-    rows.update();
-    rows.invalidate({0, 0, 100, 10});
-    rows.invalidate({0, 30, 100, 40});
-    rows.update();
-    CHECK(rows.first);
-    CHECK_FALSE(rows.between);
-    CHECK(rows.last);
-    rows.destroy();
-}
-
-TEST_CASE("a control is brought to the front with the window it is in") {
-    Desk desk;
-    Probe above("above", desk.log);
-    REQUIRE(above.createMain());
+TEST_CASE_FIXTURE(Desk, "a control is brought to the front with the window it is in") {
+    Probe above("above", log, asMain());
     above.show(ShowCommand::Show);
     pumpMessages();
-    desk.a.show(ShowCommand::Hide);
-    desk.a.bringToFront();
-    CHECK(waitFor([&] { return GetForegroundWindow() == hwndOf(desk.main); }));
+    a.show(ShowCommand::Hide);
+    a.bringToFront();
+    CHECK(waitFor([&] { return GetForegroundWindow() == hwndOf(main); }));
 }
 
-TEST_CASE("a capture that was the system's is not reported as lost") {
-    Desk desk;
-    SetCapture(hwndOf(desk.a));  // as Windows does while a frame is dragged or a caption button held
+TEST_CASE_FIXTURE(Desk, "a capture that was the system's is not reported as lost") {
+    SetCapture(hwndOf(a));  // as Windows does while a frame is dragged or a caption button held
     ReleaseCapture();
-    CHECK_FALSE(has(desk.log, "a captureLost"));
+    CHECK_FALSE(has(log, "a captureLost"));
 }
 
-TEST_CASE("a pointer that leaves during a drag has left when the drag ends") {
-    Desk desk;
-    desk.a.notesPointer = true;
-    desk.a.capture();
-    SendMessageA(hwndOf(desk.a), WM_MOUSELEAVE, 0, 0);
-    CHECK_FALSE(has(desk.log, "a leave"));
-    desk.a.releaseCapture();
-    CHECK(waitFor([&] { return has(desk.log, "a leave"); }));
-    CHECK(count(desk.log, "a captureLost") == 1);
+TEST_CASE_FIXTURE(Desk, "a pointer that leaves during a drag has left when the drag ends") {
+    a.notesPointer = true;
+    a.capture();
+    SendMessageA(hwndOf(a), WM_MOUSELEAVE, 0, 0);
+    CHECK_FALSE(has(log, "a leave"));
+    a.releaseCapture();
+    CHECK(waitFor([&] { return has(log, "a leave"); }));
+    CHECK(count(log, "a captureLost") == 1);
+}
+
+TEST_CASE("text is drawn in the code page of the process, one character for each, however long") {
+    if (GetACP() != CP_UTF8) {
+        MESSAGE("this system has no UTF-8 code page for a process");
+        return;
+    }
+    const int u = textSize("u", Font::Normal).width;
+    CHECK(textSize("\xC3\xBC", Font::Normal).width == u);  // the same letter with two dots
+    std::string many;
+    for (int i = 0; i < 300; ++i) many += "\xC3\xBC";
+    CHECK(textSize(many, Font::Normal).width == 300 * u);
 }
