@@ -110,7 +110,8 @@ bool StateBecomes(const std::string& folder, const State& state) {
     std::map<std::string, std::size_t> sizes;
     for (const auto& [name, content] : state.files) sizes[name] = content.size();
     const auto looksSo = [&] { return KeptSizes(folder) == sizes && ReadSettings() == state.settings; };
-    return desktop::WaitFor(looksSo) && ReadState(folder) == state;
+    // A file that is just being replaced cannot be read.
+    return desktop::WaitFor([&] { return looksSo() && ReadState(folder) == state; });
 }
 
 std::string Difference(const State& found, const State& expected) {
