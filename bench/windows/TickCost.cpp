@@ -119,6 +119,7 @@ void MeasureGraphs(app::Form1& form) {
                 graphs::iCPU* graph = form.Graphs().InSlot(slot);
                 if (graph == nullptr) continue;
                 SendMessageA(reinterpret_cast<HWND>(graph->native()), WM_TIMER, 1, 0);
+                graph->invalidate();  // as that of a process whose load changes
                 graph->update();
             }
         });
