@@ -1,7 +1,6 @@
 #include "BareCalls.h"
 
 #include "process/ProcessAccess.h"
-#include "process/ProcessSnapshot.h"
 
 #include <windows.h>
 

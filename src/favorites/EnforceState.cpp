@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <limits>
 
+#include "settings/OptionItems.h"
+
 namespace favorites {
 
 namespace {
@@ -14,7 +16,7 @@ constexpr int kMost = std::numeric_limits<std::int16_t>::max();
 void EnforceState::SetIntervalIndex(int index) {
     // A damaged index below 0 would apply the favourites on every tick: it counts as 0.
     const int safeIndex = std::clamp(index, 0, kMost);
-    SetIntervalSeconds(safeIndex * 10 + 10);
+    SetIntervalSeconds((safeIndex + 1) * settings::kIntervalStep);
 }
 
 void EnforceState::SetIntervalSeconds(int seconds) {
