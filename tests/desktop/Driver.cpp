@@ -1,5 +1,7 @@
 #include "desktop/Driver.h"
 
+#include <shellapi.h>
+
 #include <algorithm>
 #include <cstdio>
 
@@ -30,6 +32,33 @@ HWND CaptureOf(HWND window) {
     info.cbSize = sizeof info;
     GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &info);
     return info.hwndCapture;
+}
+
+std::string Describe(HWND window) {
+    char className[64] = "", caption[64] = "";
+    GetClassNameA(window, className, sizeof className);
+    GetWindowTextA(window, caption, sizeof caption);
+    return std::string(className) + " \"" + caption + '"';
+}
+
+// Why a gesture may have had no effect.
+void PrintDesktop() {
+    POINT at{};
+    GetCursorPos(&at);
+    std::printf("pointer at %ld, %ld over %s; in front: %s\n", at.x, at.y, Describe(WindowFromPoint(at)).c_str(),
+                Describe(GetForegroundWindow()).c_str());
+}
+
+// The window of a process that owns its icon in the notification area.
+HWND TrayIconOwner(DWORD process) {
+    HWND owner = nullptr;
+    for (HWND top = nullptr; (top = FindWindowExA(nullptr, top, nullptr, nullptr)) != nullptr;) {
+        DWORD id = 0;
+        GetWindowThreadProcessId(top, &id);
+        if (id == process) owner = FindWindowExA(top, nullptr, "P2", nullptr);
+        if (owner != nullptr) break;
+    }
+    return owner;
 }
 
 // Moves the pointer and waits until it stays there: the display server reports each move once more and late, and a
@@ -160,9 +189,13 @@ bool Process::WaitForEnd() const {
     return WaitForSingleObject(info_.hProcess, kBound) == WAIT_OBJECT_0;
 }
 
+// The shell may keep the icon of a killed program for long, and shows its balloon, ten seconds each, where the next
+// test clicks.
 void Process::Kill() {
+    const HWND iconOwner = TrayIconOwner(Id());
     TerminateProcess(info_.hProcess, 99);
     WaitForEnd();
+    if (iconOwner != nullptr) RemoveTrayIcon(iconOwner);
 }
 
 DWORD_PTR Process::Affinity() const {
@@ -212,6 +245,14 @@ std::uint32_t Picture::Background() const {
 
 bool Picture::Plain() const {
     return std::all_of(pixels_.begin(), pixels_.end(), [this](std::uint32_t pixel) { return pixel == pixels_[0]; });
+}
+
+void RemoveTrayIcon(HWND owner) {
+    NOTIFYICONDATAA record{};
+    record.cbSize = NOTIFYICONDATAA_V2_SIZE;
+    record.hWnd = owner;
+    record.uID = 1;
+    Shell_NotifyIconA(NIM_DELETE, &record);
 }
 
 HWND WaitForWindow(const Process& process, const char* className, const char* caption) {
@@ -287,6 +328,7 @@ bool Repeat(const std::function<void(int aside)>& click, const std::function<boo
         ParkPointer();
         if (WaitFor(condition, 2000)) return true;
     }
+    PrintDesktop();
     return false;
 }
 

@@ -53,7 +53,7 @@ public:
     DWORD Id() const { return info_.dwProcessId; }
     bool Running() const;
     bool WaitForEnd() const;  // false when it goes on past the bound
-    void Kill();
+    void Kill();              // and its icon in the notification area
     DWORD_PTR Affinity() const;
     DWORD PriorityClass() const;
 
@@ -81,6 +81,8 @@ private:
 // A window that belongs to the process; nullptr when it doesn't come.
 HWND WaitForWindow(const Process& process, const char* className, const char* caption);
 HWND Child(HWND parent, const char* className, const char* text);
+// The icon that the window owns in the notification area goes; the program hears nothing of it.
+void RemoveTrayIcon(HWND owner);
 Rect ScreenRect(HWND window);
 Rect ClientRect(HWND window);
 Point ToScreen(HWND window, Point at);
@@ -93,7 +95,8 @@ void ClickScreen(Point at, MouseKey key);
 // Drags what `window` shows at `grip` to `end` (screen pixels), again from where it is then until it has arrived.
 bool Drag(HWND window, const std::function<Point()>& grip, Point end, const std::function<bool()>& arrived);
 // Makes a click, with the pointer out of the way afterwards, and again until the condition holds. The clicks are
-// told how far beside the first they have to be so that no two are a double click.
+// told how far beside the first they have to be so that no two are a double click. When none helped, what the
+// desktop looks like is printed.
 bool Repeat(const std::function<void(int aside)>& click, const std::function<bool()>& condition);
 void PressKey(WORD key, bool withCtrl = false);
 void HoldKey(WORD key, bool down);

@@ -1,7 +1,5 @@
 #include "desktop/Tray.h"
 
-#include <shellapi.h>
-
 #include "desktop/Menu.h"
 
 namespace desktop {
@@ -32,11 +30,7 @@ bool ChooseInTray(int item) {
 }
 
 void LoseTrayIcon(HWND main) {
-    NOTIFYICONDATAA record{};
-    record.cbSize = NOTIFYICONDATAA_V2_SIZE;
-    record.hWnd = Child(main, "P2", "P2");
-    record.uID = 1;
-    Shell_NotifyIconA(NIM_DELETE, &record);
+    RemoveTrayIcon(Child(main, "P2", "P2"));
 }
 
 void AnnounceShell() {
