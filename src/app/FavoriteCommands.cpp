@@ -17,10 +17,8 @@ bool FavoriteCommands::SetFavs() {
         const platform::BusyPointer pointer;
         parts_.toolBar.EnableButton(button::kSetFavoritesNow, false);
         result = favorites::ApplyFavorites(parts_.favorites.Rows(), parts_.refresh.Snapshot(), parts_.access);
-        if (result.changed && !parts_.refresh.ListRests()) {
+        if (result.changed && parts_.window.state() != platform::WindowState::Minimized) {
             parts_.refresh.FullRebuild();
-        } else if (result.changed && parts_.window.state() != platform::WindowState::Minimized) {
-            parts_.refresh.ForceRebuild();  // as soon as the rows may change again
         }
         // While Auto Set is on, setting them by hand has nothing to add.
         parts_.toolBar.EnableButton(button::kSetFavoritesNow, !AutoSetPressed());

@@ -10,6 +10,7 @@
 #include "app/ProcessColumns.h"
 #include "controls/PictureMenu.h"
 #include "controls/Resources.h"
+#include "favorites/ApplyFavorites.h"
 #include "platform/CodePage.h"
 #include "process/ApplyChanges.h"
 #include "process/TerminateProcesses.h"
@@ -61,14 +62,11 @@ void ProcessCommands::ApplyChanges() {
             targets.push_back({parts_.refresh.ProcessOfRow(row), parts_.list.CellText(row, kAffinityColumn),
                                parts_.list.CellText(row, kPriorityColumn)});
         }
-        std::set<std::string> favorites;
-        if (parts_.favoriteCommands.AutoSetPressed()) {
-            for (const favorites::Favorite& favorite : parts_.favorites.Rows()) {
-                favorites.insert(platform::lowerCase(favorite.path));
-            }
-        }
+        std::vector<favorites::Favorite> leftAlone;
+        if (parts_.favoriteCommands.AutoSetPressed()) leftAlone = parts_.favorites.Rows();
         result = process::ApplyChanges(
-            targets, wanted, [&favorites](const std::string& path) { return favorites.count(path) != 0; },
+            targets, wanted,
+            [&leftAlone](const std::string& path) { return favorites::SelectFavMatch(path, leftAlone); },
             parts_.access);
     }
     if (result.Failed()) parts_.messages.Tell(result.Summary());

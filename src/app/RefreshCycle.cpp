@@ -61,25 +61,27 @@ void RefreshCycle::ProcTimer() {
     if (host_.Minimized() && !host_.AutoSetPressed()) return;
 
     watch_.Observe(snapshot_);
-    if (!watch_.Settling()) {
-        if (!ListRests()) FastUpdate();
-    } else {
+    if (watch_.Settling()) {
         const bool rebuilt = host_.AutoSetPressed() && host_.SetFavs();
-        if (!rebuilt && !ListRests()) FullRebuild();
-        if (!RowsHeld()) watch_.TickDone();  // else the list is still to be rebuilt
+        if (!rebuilt && !host_.Minimized()) FullRebuild();
+        watch_.TickDone();
+    } else if (!host_.Minimized() && !RowsHeld()) {
+        if (rebuildOwed_) {
+            FullRebuild();
+        } else {
+            FastUpdate();
+        }
     }
     if (host_.AutoSetPressed() && enforce_.TickDue()) host_.SetFavs();
 }
 
-bool RefreshCycle::ListRests() const {
-    return host_.Minimized() || RowsHeld();
-}
-
 void RefreshCycle::FullRebuild() {
-    if (!list_.exists()) return;            // the program ended inside a call of ours
-    if (RowsHeld()) return ForceRebuild();  // what is about to be done is for the processes selected now
+    if (!list_.exists()) return;  // the program ended inside a call of ours
     {
+        // Before anything else: whoever stopped the timer relies on it to run again, however this ends.
         const PausedSlot pause(slots_, Slot::Process, kRefreshMilliseconds);
+        rebuildOwed_ = RowsHeld();  // what is about to be done is for the processes selected now
+        if (rebuildOwed_) return;
         const FrozenList frozen(list_);
         SaveSelection();
         list_.Clear();

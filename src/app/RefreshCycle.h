@@ -80,7 +80,8 @@ public:
 
     // One tick.
     void ProcTimer();
-    // Reads every process anew and fills the list. The timer of the cycle restarts at its end.
+    // Reads every process anew and fills the list; when its rows are held, on the first tick after that. The timer
+    // of the cycle restarts.
     void FullRebuild();
     // The next tick sees a changed process set and rebuilds the list three times.
     void ForceRebuild() { watch_.ForceChange(); }
@@ -91,8 +92,6 @@ public:
     void SetSort(int column, bool ascending);
     // The icon handle of a displayed row, for the list to draw.
     std::uintptr_t IconOfRow(int displayRow) const;
-    // The rows stay what they are for now: nobody sees them, or the user is about to do something with them.
-    bool ListRests() const;
     // Looks which processes there are, without a word to the list.
     void TakeSnapshot() { snapshot_.Take(); }
     // The process of a displayed row.
@@ -106,6 +105,7 @@ private:
     void FastUpdate();
     void AddRow(int row);
     void AppendProcesses();
+    // The user is about to do something with the rows: they stay what they are.
     bool RowsHeld() const { return holds_ > 0 || list_.Dragging(); }
     std::string RowText(std::string_view fileName, platform::ProcessId id) const;
     void SaveSelection();
@@ -133,6 +133,7 @@ private:
     int sortColumn_ = 0;
     bool sortAscending_ = true;
     int holds_ = 0;
+    bool rebuildOwed_ = false;
 };
 
 // Keeps rows and selection of the process list as they are while it lives; Auto Set goes on.

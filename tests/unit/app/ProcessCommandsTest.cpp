@@ -41,7 +41,8 @@ struct Desk : Machine {
 }  // namespace
 
 TEST_CASE_FIXTURE(Desk, "Apply Changes sets what was chosen, and tells what could not be set") {
-    PutProfile("Fav.exe\t1\tHigh\tC:\\Apps\\fav.exe\t\r\n");
+    PutProfile("Fav.exe\t1\tHigh\tC:\\Apps\\fav.exe \t\r\n");
+    sim::putFile("C:\\Apps\\fav.exe ", "");  // blanks at the end of a path mean nothing
     const ProcessId favourite = Run("C:\\Apps\\fav.exe");
     Begin();
     SUBCASE("all selected that let it, but not the others") {
@@ -228,6 +229,39 @@ TEST_CASE_FIXTURE(Desk, "Selected rows are dragged to the favourites, whatever t
     sim::setPointer(Processes(), elsewhere);
     sim::mouseUp(Processes(), elsewhere);
     CHECK(Favorites().ListCount() == 3);
+}
+
+TEST_CASE_FIXTURE(Desk, "The cycle outlives whatever holds the rows, and tries a favourite no oftener for it") {
+    PutProfile("Fav.exe\t1\tHigh\tC:\\Apps\\fav.exe\t\r\n");
+    sim::putFile("C:\\Apps\\fav.exe", "");
+    Store("AutoSet", "1");
+    Begin();
+    Tick(3);
+    ProcessId favourite = 0;
+    const auto whileHeld = [&] {
+        CHECK(app::Form1().Start() == app::Form1::StartResult::Duplicate);  // wakes this one
+        sim::run(0);
+        favourite = Run("C:\\Apps\\fav.exe");
+        sim::findProcess(favourite)->deniedRights = kDenySet;
+        Tick(20);
+        CHECK(RowOf(favourite) < 0);
+    };
+    SUBCASE("a menu") {
+        sim::whenMenu([&](const MenuItems&) {
+            whileHeld();
+            return 0;
+        });
+        sim::click(Processes(), RowPoint(one), platform::MouseButton::Right);
+    }
+    SUBCASE("a button that is down") {
+        PressRow(one);
+        whileHeld();
+        sim::mouseUp(Processes(), RowPoint(one));
+    }
+    Tick();
+    CHECK(RowOf(favourite) >= 0);
+    CHECK(sim::balloons().size() == 1 + 3);  // that of the second copy, and one for each of the three ticks
+    CHECK(sim::openHandles("timer") == 3);
 }
 
 TEST_CASE_FIXTURE(Desk, "Extensions and row tips follow their options, which are kept") {
