@@ -48,16 +48,26 @@ FavoritesList::~FavoritesList() {
 
 void FavoritesList::LoadFavorites() {
     const LockedList locked(list_);
+    const std::string path = ProfilePath(baseFolder_, favName_);
+    const bool again = path == shownFile_;
+    if (again) {
+        SavePending();
+        if (unsaved_) return;  // the file is behind the list
+    }
+    const LoadedProfile loaded = LoadProfile(path);
+    if (again && loaded.unreadable) return;
+    shownFile_ = path;
+    unread_ = loaded.unreadable;
+    unsaved_ = false;
     list_.Clear();
     icons_.Release();
-    const std::string path = ProfilePath(baseFolder_, favName_);
-    const LoadedProfile loaded = LoadProfile(path);
-    unsaved_ = false;
-    // The list is empty then, but the user's favourites are still in that file: nothing may take them away.
-    unreadableProfile_ = loaded.unreadable ? path : "";
     for (const Favorite& favorite : loaded.rows) AddRow(favorite);
     if (loaded.missing == 0) return;
     Save();
+    TellMissing(loaded);
+}
+
+void FavoritesList::TellMissing(const LoadedProfile& loaded) {
     balloon_(MissingText(loaded.missing, loaded.missingNames), "Kestrum 2", platform::BalloonIcon::Info);
     CleanUpIcons();
 }
@@ -79,9 +89,29 @@ AddFavResult FavoritesList::AddFav(const std::string& path, const std::string& a
 
 bool FavoritesList::Save() {
     const std::string path = ProfilePath(baseFolder_, favName_);
-    if (path == unreadableProfile_) return false;
+    LoadedProfile joined;
+    if (path != shownFile_ || unread_) {
+        joined = LoadProfile(path);
+        unsaved_ = joined.unreadable;
+        // The user's favourites are still in that file: nothing may take them away.
+        if (unsaved_) return false;
+        Join(joined);
+        shownFile_ = path;
+        unread_ = false;
+    }
     unsaved_ = !SaveProfile(path, Rows());
+    if (joined.missing > 0) TellMissing(joined);
     return !unsaved_;
+}
+
+// Favourites that are shown are not added once more.
+void FavoritesList::Join(const LoadedProfile& loaded) {
+    std::set<std::string> shown;
+    for (const Favorite& favorite : Rows()) shown.insert(text::Lower(favorite.path));
+    for (const Favorite& favorite : loaded.rows) {
+        if (!shown.contains(text::Lower(favorite.path))) AddRow(favorite);
+    }
+    SortFavs();
 }
 
 int FavoritesList::RemoveRows(const std::vector<int>& rows) {

@@ -16,6 +16,8 @@
 
 namespace favorites {
 
+struct LoadedProfile;
+
 enum class AddFavResult {
     Added,
     BadExtension,  // neither ".exe" nor ".scr": tell the user kBadExtensionText
@@ -51,12 +53,13 @@ public:
     const std::string& BaseFolder() const { return baseFolder_; }
 
     // Fills the list from the profile's file, in the file's order. Favourites whose program is missing leave
-    // the profile, reported by a balloon.
+    // the profile, reported by a balloon. The rows of this profile stay as they are while its file cannot be read,
+    // or could not be written.
     void LoadFavorites();
     // Adds a program with the affinity given and priority "Default", sorts and saves.
     AddFavResult AddFav(const std::string& path, const std::string& affinityText);
-    // Writes the list to the profile's file. False on failure, and when the file was there but could not be
-    // read at the last load.
+    // Writes the list to the profile's file. When that could not be read so far, its favourites come into the list
+    // first. False on failure, when the file is what it was.
     bool Save();
     // Tries once more what the last save could not write.
     void SavePending() {
@@ -86,6 +89,8 @@ public:
     std::vector<Favorite> Rows() const;
 
 private:
+    void Join(const LoadedProfile& loaded);
+    void TellMissing(const LoadedProfile& loaded);
     void AddRow(const Favorite& favorite);
     void PutRow(int row, const Favorite& favorite);
     std::set<std::string> SelectedPaths() const;
@@ -98,8 +103,9 @@ private:
     BalloonCall balloon_;
     storage::IconCache icons_;
     std::string favName_;
+    std::string shownFile_;  // what the rows belong to
+    bool unread_ = false;    // that file is there, but could not be read
     bool unsaved_ = false;
-    std::string unreadableProfile_;  // a file that could not be read: never written over
     int sortColumn_ = 0;
     bool sortAscending_ = true;
 };

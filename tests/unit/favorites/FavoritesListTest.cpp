@@ -167,22 +167,45 @@ TEST_CASE_FIXTURE(Bench, "removing takes the selected rows, whatever the order s
     }
 }
 
-TEST_CASE_FIXTURE(Bench, "a profile that could not be read is never written over or deleted") {
-    sim::putFile(kProfile, kHeader + Line("b.exe"));
+TEST_CASE_FIXTURE(Bench, "a profile that could not be read is never written over, and joined when it can be") {
+    sim::putFile(kProfile, kHeader + Line("b.exe") + Line("a.exe") + Line("gone.exe"));
     sim::setUnreadable(kProfile, true);
     favs.LoadFavorites();
     CHECK_FALSE(favs.Save());
-    CHECK(favs.AddFav("C:\\a.exe", "0") == AddFavResult::Added);
+    CHECK(favs.AddFav("C:\\A.EXE", "013") == AddFavResult::Added);
     CHECK(Shown() == Names{"A.exe"});
-    sim::setUnreadable(kProfile, false);
-    CHECK_FALSE(favs.Save());
-    CHECK(Saved() == kHeader + Line("b.exe"));
+    SUBCASE("by what is saved next") {
+        sim::setUnreadable(kProfile, false);
+        CHECK(Saved() == kHeader + Line("b.exe") + Line("a.exe") + Line("gone.exe"));
+        favs.SavePending();
+    }
+    SUBCASE("by a reload") {
+        favs.LoadFavorites();
+        CHECK(Shown() == Names{"A.exe"});
+        sim::setUnreadable(kProfile, false);
+        favs.LoadFavorites();
+    }
+    CHECK(Shown() == Names{"A.exe", "b.exe"});
+    CHECK(balloons.size() == 1);  // one is gone
+    CHECK(Saved() == kHeader + "A.exe\t013\tDefault\tC:\\A.EXE\t\r\n" + Line("b.exe"));
+}
 
-    favs.SetFavName("My Favs 2");  // another profile is not concerned
-    CHECK(favs.Save());
-    CHECK(sim::file(kBase + "My Favs 2"));
-    favs.SetFavName("My Favs 1");
+TEST_CASE_FIXTURE(Bench, "a reload takes nothing from the list that its file does not give or have yet") {
+    Load(Line("b.exe") + Line("a.exe"));
+    sim::setUnreadable(kProfile, true);
     favs.LoadFavorites();
-    CHECK(Shown() == Names{"b.exe"});
-    CHECK(favs.Save());
+    CHECK(Shown() == Names{"b.exe", "a.exe"});
+    sim::setUnreadable(kProfile, false);
+
+    sim::setReadOnlyFolder("C:\\Kestrum", true);
+    CHECK(favs.AddFav("C:\\C.EXE", "0") == AddFavResult::Added);
+    favs.LoadFavorites();
+    CHECK(Shown() == Names{"a.exe", "b.exe", "C.exe"});
+    sim::setReadOnlyFolder("C:\\Kestrum", false);
+    favs.LoadFavorites();
+    CHECK(Saved().ends_with("C:\\C.EXE\t\r\n"));
+
+    favs.SetFavName("My Favs 2");  // another profile has its own
+    favs.LoadFavorites();
+    CHECK(Shown().empty());
 }
