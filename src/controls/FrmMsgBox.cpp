@@ -24,8 +24,6 @@ constexpr int kIconPixels = 32;
 // The dialog itself. It lives as long as its box is shown.
 class FrmMsgBox : public platform::Window {
 public:
-    explicit FrmMsgBox(int& answer) : answer_(answer) {}
-
     bool Create(const std::string& text, MsgStyle style, const std::string& title, platform::Window& owner) {
         question_ = style == MsgStyle::Question;
         if (!create(DialogSpec(title, owner))) return false;
@@ -37,13 +35,13 @@ public:
     }
 
     void FocusDefault() { (question_ ? cmdYes_ : cmdOkNo_).focus(); }
-    // The user ended it: by a button, a key, or the close box of the frame.
-    bool EndedByUser() const { return endedByUser_; }
-    bool Answered() const { return answered_; }  // by one of the first two
+    bool Closed() const { return closed_; }  // by the user, with the close box of the frame
+    // By a button or a key; nullopt when it ended otherwise.
+    std::optional<int> Answer() const { return answer_; }
 
 protected:
     void onClose() override {
-        endedByUser_ = true;
+        closed_ = true;
         destroy();
     }
     void onPaint(Canvas& canvas, const Rect&) override {
@@ -69,7 +67,7 @@ protected:
     void onKey(const platform::KeyEvent& event) override {
         if (!event.down) return;
         if (event.code == platform::key::kEnter) {
-            Answer(focusYes_ ? kMsgYes : kMsgNo);
+            AnswerWith(focusYes_ ? kMsgYes : kMsgNo);
         } else {
             ButtonKey(event);
         }
@@ -91,7 +89,7 @@ private:
     }
 
     void CreateButton(PushButton& button, const char* caption, const Rect& bounds, int answer) {
-        button.Click = [this, answer] { Answer(answer); };
+        button.Click = [this, answer] { AnswerWith(answer); };
         button.OtherKey = [this](const platform::KeyEvent& event) { ButtonKey(event); };
         button.GotFocus = [this, answer] { focusYes_ = answer == kMsgYes; };
         button.Create(*this, caption, bounds);
@@ -103,25 +101,23 @@ private:
         const bool first = event.code == key::kLeft || event.code == key::kUp;
         const bool last = event.code == key::kRight || event.code == key::kDown;
         if (event.code == key::kEscape) {
-            Answer(kMsgNo);
+            AnswerWith(kMsgNo);
         } else if (question_ && event.code == 'Y') {
-            Answer(kMsgYes);
+            AnswerWith(kMsgYes);
         } else if (event.code == (question_ ? 'N' : 'O')) {
-            Answer(kMsgNo);
+            AnswerWith(kMsgNo);
         } else if (question_ && (first || last)) {
             (first ? cmdYes_ : cmdOkNo_).focus();
         }
     }
 
-    void Answer(int answer) {
+    void AnswerWith(int answer) {
         answer_ = answer;
-        endedByUser_ = answered_ = true;
         destroy();
     }
 
-    int& answer_;
-    bool endedByUser_ = false;
-    bool answered_ = false;
+    std::optional<int> answer_;
+    bool closed_ = false;
     bool question_ = false;
     bool focusYes_ = false;
     platform::PictureHandle icons_;
@@ -132,10 +128,9 @@ private:
 
 }  // namespace
 
-int MsgBoxes::Show(const std::string& text, MsgStyle style, const std::string& title, platform::Window& owner,
-                   bool sound) {
-    answered_ = false;
-    FrmMsgBox box(answer_);
+std::optional<int> MsgBoxes::Ask(const std::string& text, MsgStyle style, const std::string& title,
+                                 platform::Window& owner, bool sound) {
+    FrmMsgBox box;
     if (!box.Create(text, style, title, owner)) return kMsgNo;
     if (sound && style == MsgStyle::Information) platform::beep();
     if (sound && style == MsgStyle::Question) platform::playSound("SystemQuestion");
@@ -148,13 +143,18 @@ int MsgBoxes::Show(const std::string& text, MsgStyle style, const std::string& t
     ++open_;
     platform::runModal(box, owner);
     --open_;
-    answered_ = box.Answered();
+    if (box.Answer()) lastAnswer_ = *box.Answer();
     // A question that went with its owner was never answered; an old Yes must not stand in for it.
-    return box.EndedByUser() ? answer_ : kMsgNo;
+    return box.Answer() || box.Closed() ? box.Answer() : kMsgNo;
+}
+
+int MsgBoxes::Show(const std::string& text, MsgStyle style, const std::string& title, platform::Window& owner,
+                   bool sound) {
+    return Ask(text, style, title, owner, sound).value_or(lastAnswer_);
 }
 
 bool MsgBoxes::Confirm(const std::string& question, const std::string& title, platform::Window& owner, bool sound) {
-    return Show(question, MsgStyle::Question, title, owner, sound) == kMsgYes && answered_;
+    return Ask(question, MsgStyle::Question, title, owner, sound) == kMsgYes;
 }
 
 }  // namespace controls

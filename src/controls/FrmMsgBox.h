@@ -1,6 +1,7 @@
 // The program's only message box: a note with an OK button, or a question with Yes and No.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "platform/Window.h"
@@ -18,7 +19,7 @@ inline constexpr int kMsgNo = 7;  // also the answer of OK
 class MsgBoxes {
 public:
     // Shows `text` in a dialog captioned `title` over `owner`, waits until it is closed, and gives kMsgYes or
-    // kMsgNo. A box ended by the close box of its frame gives the answer of the box before it (0 before the
+    // kMsgNo. A box ended by the close box of its frame gives the answer given last, to any box (0 before the
     // first); one that cannot be made, or goes with its owner, gives kMsgNo. `sound`: with the default beep (a
     // note) or the sound "SystemQuestion". Timers go on firing while the box is open.
     int Show(const std::string& text, MsgStyle style, const std::string& title, platform::Window& owner,
@@ -26,14 +27,17 @@ public:
     // A question, asked the same way. True only when the user says Yes: closing the box by its frame is No here, as
     // what is asked about may be past mending.
     bool Confirm(const std::string& question, const std::string& title, platform::Window& owner, bool sound);
-    int LastAnswer() const { return answer_; }
+    int LastAnswer() const { return lastAnswer_; }
     // True while a box waits for its answer: not the time for menus that would lead to another one.
     bool Showing() const { return open_ > 0; }
 
 private:
-    int answer_ = 0;
-    bool answered_ = false;  // the last box, by button or key
-    int open_ = 0;           // boxes; a timer may ask while one is open
+    // The answer given to this box, whatever was asked while it was open; nullopt when its frame was closed.
+    std::optional<int> Ask(const std::string& text, MsgStyle style, const std::string& title,
+                           platform::Window& owner, bool sound);
+
+    int lastAnswer_ = 0;
+    int open_ = 0;  // boxes; a timer may ask while one is open, and so may the user in another window
 };
 
 }  // namespace controls

@@ -157,6 +157,18 @@ TEST_CASE("A message box stands over its owner, but inside the work area") {
     }
 }
 
+TEST_CASE_FIXTURE(Asker, "Each of two message boxes gives the answer that it was given") {
+    int inner = 0;
+    const int outer = Ask(kQuestion, [&](Window&) {
+        inner = Ask(kQuestion, [&](Window& above) {
+            Clicking("No")(above);   // of the first
+            Clicking("Yes")(above);  // of the second
+        });
+    });
+    CHECK(outer == kMsgNo);
+    CHECK(inner == kMsgYes);
+}
+
 TEST_CASE_FIXTURE(Asker, "A message box stays on top while it has the focus") {
     const auto raisedByPainting = [](Window& box) {
         const auto raised = [] { return std::ranges::count(sim::log(), "setTopmost " + kTitle + " 1"); };
