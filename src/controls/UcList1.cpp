@@ -44,6 +44,7 @@ void UcList1::ReadProperties(const UcListProperties& properties) {
     properties_.headerDrawStyle = std::clamp(properties.headerDrawStyle, 0, kMaxDrawStyle);
     properties_.scrollbarDrawStyle = std::clamp(properties.scrollbarDrawStyle, 0, kMaxDrawStyle);
     model_.SetColumnMaxSeen(properties.columnMaxSeen);
+    columnIndex_ = properties.columnMaxSeen;
     model_.SetColumnCount(properties.columnCount);
     model_.BuildDefaultHeaders();
     topIndex_ = 0;

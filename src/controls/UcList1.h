@@ -3,6 +3,7 @@
 // are the window, its properties and its input.
 #pragma once
 
+#include <bitset>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -26,7 +27,7 @@ public:
     std::function<void(int button)> Click;             // 1 left or selection by keyboard, 2 right, 4 middle
     std::function<void(int button)> DblClick;          // always 1
     std::function<void(int column)> HeaderClick;       // after sorting
-    std::function<void(std::uint16_t code)> KeyClick;  // a key was released, neither Shift nor Ctrl being held
+    std::function<void(std::uint16_t code)> KeyClick;  // a key pressed here was released, without Shift or Ctrl
     std::function<void(int row)> MouseTip;             // display row under the pointer, -1 when it left the rows
     // Files were dropped here, once the host has called acceptFiles(true).
     std::function<void(const std::vector<std::string>& paths)> FilesDropped;
@@ -216,6 +217,7 @@ private:
     bool headerSortDir_ = false;
 
     bool focused_ = false;
+    std::bitset<256> keysDown_;  // by code, of the keys that went down here
     bool shiftHeld_ = false;
     bool ctrlHeld_ = false;
     int anchorRow_ = -1;

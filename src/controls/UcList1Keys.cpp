@@ -8,20 +8,26 @@ namespace controls {
 namespace key = platform::key;
 
 void UcList1::onKey(const platform::KeyEvent& event) {
+    const std::size_t number = event.code % keysDown_.size();
     if (event.down) {
+        keysDown_.set(number);
         if (ListCount() > 0) KeyDown(event);
         return;
     }
+    // What went down in a text box or menu that it ended is not meant for the list.
+    const bool ours = keysDown_.test(number);
+    keysDown_.reset(number);
     const bool isModifier = event.code == key::kShift || event.code == key::kCtrl;
     const bool held = shiftHeld_ || ctrlHeld_ || event.modifiers.shift || event.modifiers.ctrl;
     if (event.code == key::kShift) shiftHeld_ = false;
     if (event.code == key::kCtrl) ctrlHeld_ = false;
-    if (!held && !isModifier && KeyClick) KeyClick(event.code);
+    if (ours && !held && !isModifier && KeyClick) KeyClick(event.code);
 }
 
 void UcList1::onFocus(bool gained) {
     focused_ = gained;
     if (!gained) shiftHeld_ = ctrlHeld_ = false;
+    keysDown_.reset();
     ReDraw();
 }
 

@@ -118,6 +118,7 @@ TEST_CASE_FIXTURE(Desk, "Kestrum Jr. takes over when it is there, has favourites
 }
 
 TEST_CASE_FIXTURE(Desk, "A parameter is edited in place") {
+    Store("LaunchFav", "1");
     Start();
     const auto edit = [&](const std::vector<int>& rows) {
         SelectFavorites(rows);
@@ -131,6 +132,7 @@ TEST_CASE_FIXTURE(Desk, "A parameter is edited in place") {
     sim::pressKey(key::kEnter);
     CHECK(saved("one two"));
     CHECK(sim::focusedWindow() == &Favorites());
+    CHECK(sim::launches().empty());  // the Enter was not for the list
     sim::clearLog();
     edit({1});
     sim::pressKey(key::kEnter);  // nothing was changed: nothing is saved
