@@ -1,10 +1,9 @@
-// The icons shown in the process list, kept by file name so that each program is asked for its icon once.
+// The icons shown in the process list, kept by image path so that each program is asked for its icon once.
 #pragma once
 
 #include <cstdint>
 #include <map>
 #include <string>
-#include <string_view>
 
 #include "platform/Picture.h"
 
@@ -15,9 +14,10 @@ public:
     explicit ProcessIcons(int defaultIconResource);
 
     // The 16-pixel icon of the program, or the default program icon when it has none; never 0. Stays valid
-    // until DropUnused finds it unused. Stands on platform::extractIcon.
+    // until DropUnused finds it unused. A program that seems to have none is asked again twice: just started, it
+    // may not be readable yet. Stands on platform::extractIcon.
     std::uintptr_t IconOf(const std::string& imagePath);
-    // Ends a pass over all processes: once many names have gathered, icons that no call since the previous
+    // Ends a pass over all processes: once many programs have gathered, icons that no call since the previous
     // DropUnused asked for are released, so that weeks of short-lived programs do not use the handles up.
     void DropUnused();
     // Releases all of them.
@@ -26,9 +26,10 @@ public:
 private:
     struct Entry {
         platform::IconHandle icon;
+        int tries = 0;
         bool used = true;
     };
-    std::map<std::string, Entry, std::less<>> icons_;
+    std::map<std::string, Entry> icons_;
     platform::IconHandle default_;
 };
 

@@ -1,4 +1,5 @@
 #include "AppFixture.h"
+#include "platform/Files.h"
 
 using namespace apptest;
 
@@ -110,6 +111,21 @@ TEST_CASE_FIXTURE(Crowd, "The list stops at 256 rows, and refreshing repaints no
     CHECK(sim::invalidArea(Processes()).empty());
     CHECK(sim::invalidArea(*form).empty());
     CHECK(Processes().TopIndex() == top);
+}
+
+TEST_CASE_FIXTURE(Machine, "A program shows its own icon, also when that can be read only a tick after its start") {
+    Start();
+    Tick(3);
+    const ProcessId early = Run("C:\\One\\setup.exe"), other = Run("C:\\Two\\setup.exe");
+    platform::deleteFile("C:\\One\\setup.exe");
+    const auto icon = [this](ProcessId id) { return Cell(id, 6); };
+    Tick();
+    const std::string usual = icon(early);
+    CHECK(icon(other) != usual);
+    sim::putFile("C:\\One\\setup.exe", "");
+    Tick();
+    CHECK(icon(early) != usual);
+    CHECK(icon(early) != icon(other));
 }
 
 TEST_CASE_FIXTURE(Machine, "Icons of programs that come and go under ever new names don't gather") {
