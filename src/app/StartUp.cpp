@@ -69,7 +69,10 @@ Form1::StartResult Form1::Start() {
     if (!exists()) return StartResult::Running;  // ended already, while its first messages were dealt with
     slots_.Start(Slot::Process, kRefreshMilliseconds);
     if (settings_.Number(Key::Hotkey) == 1) hotkeys_.Start();
-    if (settings_.Number(Key::TtlOnStart) == 1) totalGraph_.Open();
+    if (settings_.Number(Key::TtlOnStart) == 1) {
+        totalGraph_.Open();
+        if (visible()) bringToFront();  // the graph comes with the window, not before it
+    }
     slots_.Start(Slot::Tray, kTrayMilliseconds);
     return StartResult::Running;
 }

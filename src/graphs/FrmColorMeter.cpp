@@ -96,8 +96,8 @@ void FrmColorMeter::GraphTimer() {
     if (!exists()) return;
     bool changed = history_.Add(parts_.totals.last) && !average_;
     const std::int64_t now = process::LocalNow();
+    usage_.FollowClock(now);  // for an average that is shown later, too
     if (average_) {
-        usage_.FollowClock(now);
         std::string text = usage_.Text(parts_.totals, now);
         changed = text != averageText_;
         averageText_ = std::move(text);

@@ -20,6 +20,7 @@ GraphOptions LoadGraphOptions(const settings::Settings& settings) {
     options.tips = settings.Number(Key::CpuToolTips) == 1;
     options.seeThrough = settings.Bool(Key::SeeThruCPU);
     options.level = settings.Number(Key::TransLevel);
+    options.shadow = settings.Number(Key::Shadow) == 1;
     options.captionColor = settings::ColourFromIndex(settings.Number(Key::GrphCapColur));
     options.plotColor = settings::ColourFromIndex(settings.Number(Key::GrphValColr));
     return options;

@@ -14,6 +14,7 @@ struct GraphOptions {
     bool tips = true;           // balloons that tell of the process
     bool seeThrough = false;    // the ground is a hole, unless the pointer is there; else translucent
     int level = 85;             // how solid a translucent graph is, percent
+    bool shadow = false;        // behind each, as it was set when the program started
     platform::Color captionColor = 0;
     platform::Color plotColor = 0;
 };

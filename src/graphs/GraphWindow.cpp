@@ -36,7 +36,8 @@ bool GraphWindow::CreateGraph(const std::string& className, const std::string& t
     spec.bounds = bounds;
     if (!create(spec)) return false;
     canHole_ = holed_ = false;
-    SetEdgeDetection(edgeDetection);
+    edgeDetection_ = edgeDetection;  // it stays where the user once left it
+    if (options_.shadow) addDropShadow();
     ApplySeeThrough();
     return true;
 }

@@ -36,6 +36,8 @@ TEST_CASE_FIXTURE(Machine, "Selected processes get a graph each, sixteen at most
 
 TEST_CASE_FIXTURE(Machine, "The total graph opens with the program and counts its readings") {
     Store("TtlOnStart", "1");
+    Store("ChkCPUGraphTop", "0");
+    Store("Shadow", "1");
     Run("C:\\Apps\\busy.exe", 1.6);
     SUBCASE("before the window") {}
     SUBCASE("and alone when the window stays away") {
@@ -45,6 +47,11 @@ TEST_CASE_FIXTURE(Machine, "The total graph opens with the program and counts it
     platform::Window* meter = sim::findWindow("CPU usage");
     REQUIRE(meter);
     CHECK(meter->visible());
+    CHECK(sim::hasDropShadow(*meter));
+    const std::vector<std::string> log = sim::log();
+    const auto shown = std::find(log.begin(), log.end(), "show CPU usage ShowInactive");
+    const bool above = std::find(shown, log.end(), "bringToFront Kestrum 2") != log.end();
+    CHECK(above == form->visible());  // the window is not covered by it
     Tick(10);
     for (const std::size_t position : {2U, 1U}) {  // the average begins anew, and is shown
         sim::whenMenu([=](const MenuItems& items) { return items[position].id; });
