@@ -42,7 +42,7 @@ Form1::Form1()
           {*this, messages_, refresh_, slots_, commands_, filterCommands_, favorites_, enforce_, options_}),
       paramEditor_(favoritesControl_, favorites_, slots_, messages_, tips_),
       favoriteSettings_({*this, favoritesControl_, favorites_, slots_, messages_, refresh_, access_.HighestCpu()}),
-      trayCommands_({*this, trayIcon_, slots_, busy_, toolBar1_, commands_, gauges_, graphs_}),
+      trayCommands_({*this, trayIcon_, slots_, busy_, msgBoxes_, toolBar1_, commands_, gauges_, graphs_}),
       totalGraph_({graphOptions_, trayCommands_.Totals(), settings_}),
       hotkeys_({[this] { SetFavsNow(); }, [this](int number) { profileCommands_.SwitchTo(number); }}),
       optionsCommands_({*this, settings_, options_, graphOptions_, msgBoxes_, tips_, trayCommands_, hotkeys_,

@@ -31,8 +31,8 @@ void TrayCommands::TrayIconOff() {
 }
 
 void TrayCommands::Notified(TrayEvent event) {
-    if (parts_.busy.Raised()) {
-        // A question of ours is open and comes first.
+    if (parts_.busy.Raised() || parts_.msgBoxes.Showing()) {
+        // A question or a dialog of ours, of whichever window, is open and comes first.
         if (event != TrayEvent::LeftUp && event != TrayEvent::RightUp) return;
         parts_.window.bringToFront();
         platform::beep();

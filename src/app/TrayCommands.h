@@ -8,6 +8,7 @@
 #include "app/Gauges.h"
 #include "app/RefreshCycle.h"
 #include "app/TimerSlots.h"
+#include "controls/FrmMsgBox.h"
 #include "controls/ToolBar.h"
 #include "graphs/CpuGraphs.h"
 #include "process/CpuTotals.h"
@@ -29,6 +30,7 @@ public:
         tray::TrayIcon& icon;
         TimerSlots& slots;
         BusyFlag& busy;
+        const controls::MsgBoxes& msgBoxes;
         controls::ToolBar& toolBar;
         FavoriteCommands& favorites;
         Gauges& gauges;

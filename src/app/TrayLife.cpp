@@ -15,12 +15,9 @@ void Form1::MinimizeToTray() {
 
 void Form1::RestoreFromTray(Raise raise) {
     inTray_ = false;
-    slots_.Stop(Slot::Process);
-    refresh_.FullRebuild();  // starts its timer again
+    refresh_.FullRebuild();
     if (raise == Raise::Yes) {
-        // As it was before: a window that was maximised, or never went away, stays as large as it is.
-        if (state() == platform::WindowState::Minimized) show(platform::ShowCommand::Restore);
-        show(platform::ShowCommand::Show);
+        show(platform::ShowCommand::Normal);
         bringToFront();
     }
     ShowMemory();

@@ -22,7 +22,8 @@ enum class WindowKind {
              // (`parent` is not looked at), becomes active like any window; created hidden
 };
 
-enum class ShowCommand { Show, ShowInactive, Hide, Minimize, Maximize, Restore };
+// Restore brings a window that was minimised back as it was before, maximised perhaps; Normal never does.
+enum class ShowCommand { Show, ShowInactive, Hide, Minimize, Maximize, Restore, Normal };
 enum class Pointer { Arrow, Busy, SizeWestEast, Drop, NoDrop };
 
 class Window;
@@ -55,7 +56,7 @@ public:
     bool exists() const { return native_ != 0; }
     std::uintptr_t native() const { return native_; }
 
-    void show(ShowCommand command);  // ShowWindow
+    void show(ShowCommand command);  // ShowWindow, SetWindowPlacement
     bool visible() const;            // IsWindowVisible
     WindowState state() const;       // IsIconic, IsZoomed
     void bringToFront();             // SetForegroundWindow

@@ -248,6 +248,14 @@ TEST_CASE_FIXTURE(Desk, "minimising and maximising change the state and keep the
         CHECK(main.state() == restored);
     }
     CHECK(main.bounds() == normal);
+    for (const ShowCommand before : {ShowCommand::Minimize, ShowCommand::Hide, ShowCommand::Show}) {
+        main.show(ShowCommand::Maximize);
+        main.show(before);
+        main.show(ShowCommand::Normal);
+        CHECK(main.visible());
+        CHECK(main.state() == WindowState::Normal);
+        CHECK(main.bounds() == normal);
+    }
 
     // One that comes up minimised leaves the others in peace.
     b.focus();

@@ -31,6 +31,8 @@ const char* nameOf(ShowCommand command) {
             return "Maximize";
         case ShowCommand::Restore:
             return "Restore";
+        case ShowCommand::Normal:
+            return "Normal";
     }
     return "";
 }
@@ -146,6 +148,8 @@ void Window::show(ShowCommand command) {
     sim::note("show", record->title + " " + nameOf(command));
     if (command == ShowCommand::Hide) {
         hide(record);
+    } else if (command == ShowCommand::Normal) {
+        sim::showNormal(record);
     } else {
         bringUp(record, command);
     }

@@ -89,8 +89,20 @@ int showCode(ShowCommand command, bool shown) {
             return SW_MAXIMIZE;
         case ShowCommand::Restore:
             return SW_RESTORE;
+        case ShowCommand::Normal:
+            return SW_SHOWNORMAL;
     }
     return SW_SHOW;
+}
+
+// A minimised window remembers that it was maximised, and would be again.
+void forgetMaximized(HWND hwnd) {
+    WINDOWPLACEMENT placement{};
+    placement.length = sizeof placement;
+    if (!GetWindowPlacement(hwnd, &placement) || (placement.flags & WPF_RESTORETOMAXIMIZED) == 0) return;
+    placement.flags &= ~static_cast<UINT>(WPF_RESTORETOMAXIMIZED);
+    placement.showCmd = SW_SHOWNORMAL;
+    SetWindowPlacement(hwnd, &placement);
 }
 
 // A dropped list, or a control in one: neither is ever active or has the focus.
@@ -164,6 +176,7 @@ void Window::show(ShowCommand command) {
                          SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOOWNERZORDER);
         }
     }
+    if (command == ShowCommand::Normal) forgetMaximized(hwnd);
     ShowWindow(hwnd, showCode(command, visible()));
 }
 

@@ -102,14 +102,14 @@ TEST_CASE_FIXTURE(Machine, "A second copy that finds nobody to wake ends as quie
     CHECK(sim::quitCode() == -1);
 }
 
-TEST_CASE_FIXTURE(Machine, "The close box hides the window, and the icon brings it back as it was") {
+TEST_CASE_FIXTURE(Machine, "The close box hides the window, and the icon brings it back in its normal state") {
     Start().setBounds({10, 20, 810, 620});
     sim::setPointer(form->ToolBar1(), {5, 5});
     SUBCASE("normal") {}
     SUBCASE("maximised") {
         form->show(platform::ShowCommand::Maximize);
     }
-    const platform::Rect bounds = form->bounds();
+    const platform::Rect bounds = form->normalBounds();
     sim::closeBox(*form);
     CHECK_FALSE(form->visible());
     CHECK(form->state() == WindowState::Minimized);
@@ -174,19 +174,29 @@ TEST_CASE_FIXTURE(Machine, "The menu of the icon sets favourites and switches Au
     sim::trayEvent(TrayEvent::RightUp);
     CHECK_FALSE(form->ToolBar1().IsChecked(app::button::kAutoSet));
 
-    // While a question is open the icon only calls for the answer.
-    sim::whenModal([&](platform::Window&) {
-        sim::clearLog();
-        for (const TrayEvent event :
-             {TrayEvent::RightUp, TrayEvent::LeftUp, TrayEvent::LeftDoubleClick, TrayEvent::BalloonClicked}) {
-            sim::trayEvent(event);
+    // While a question is open, of whichever window, the icon only calls for the answer.
+    ClickButton(app::button::kSetOptions);
+    for (const bool ofOptions : {false, true}) {
+        int asked = 0;
+        sim::whenModal([&](platform::Window& box) {
+            ++asked;
+            sim::clearLog();
+            for (const TrayEvent event :
+                 {TrayEvent::RightUp, TrayEvent::LeftUp, TrayEvent::LeftDoubleClick, TrayEvent::BalloonClicked}) {
+                sim::trayEvent(event);
+            }
+            CHECK(Logged("showMenu") == 0);
+            CHECK(Logged("beep") == 2);
+            CHECK(Logged("bringToFront Kestrum 2") == 2);
+            sim::closeBox(box);
+        });
+        if (ofOptions) {
+            sim::click(*sim::findWindow("Column Widths"), {6, 6});
+        } else {
+            ClickButton(app::button::kRemoveFavorites);
         }
-        CHECK(Logged("showMenu") == 0);
-        CHECK(Logged("beep") == 2);
-        CHECK(Logged("bringToFront Kestrum 2") == 2);
-        sim::pressKey(key::kEnter);
-    });
-    ClickButton(app::button::kRemoveFavorites);
+        CHECK(asked == 1);
+    }
 }
 
 TEST_CASE_FIXTURE(Machine, "The meter follows the load, and stays as it is while there are no icons to be had") {
