@@ -25,7 +25,7 @@ public:
         FileFilter& filter;
         controls::MsgBoxes& msgBoxes;
         controls::BalloonTips& tips;
-        bool messageBeep;               // message boxes come with a sound
+        const bool& messageBeep;        // message boxes come with a sound
         std::function<void()> Changed;  // after every add and remove
     };
     explicit DlgHides(const Parts& parts) : parts_(parts) {}

@@ -164,7 +164,11 @@ void FrmOptions::ShadowChanged() {
 }
 
 void FrmOptions::ResetColumns() {
-    if (!Ask("Reset column widths and splitter bar to defaults?")) return;
+    parts_.tips.Remove();
+    // Nothing is lost by it, so that, unlike with the other questions, only a No keeps it from being done.
+    const int answer = parts_.msgBoxes.Show("Reset column widths and splitter bar to defaults?",
+                                            controls::MsgStyle::Question, controls::kInfoTitle, *this, Sounds());
+    if (answer == controls::kMsgNo) return;
     parts_.host.ResetColumns();
 }
 

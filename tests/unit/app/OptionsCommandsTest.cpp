@@ -148,11 +148,13 @@ TEST_CASE_FIXTURE(Desk, "Options: columns and splitter go back to those of a fir
     Start();
     CHECK(Processes().ColumnWidthsText() == "50,50,50,50,50,50,");
     Open();
-    SUBCASE("with the window") {}
+    SUBCASE("with the window, its question closed by the frame") {
+        sim::whenModal([](platform::Window& box) { sim::closeBox(box); });
+    }
     SUBCASE("while it is in the notification area") {
         sim::closeBox(*form);
+        Answer('Y');
     }
-    Answer('Y');
     Click("Column Widths");
     CHECK(Processes().ColumnWidthsText() == "134,82,60,40,60,70,");
     Exit();

@@ -50,7 +50,7 @@ struct Bench {
             script(dialog);
             if (sim::findWindow("UcFilter") != nullptr) sim::pressKey(key::kEscape);
         });
-        filter::DlgHides dialog({filter, msgBoxes, tips, true, [this] { ++changes; }});
+        filter::DlgHides dialog({filter, msgBoxes, tips, sounds, [this] { ++changes; }});
         dialog.ShowModal(owner);
         CHECK_FALSE(dialog.exists());
         CHECK(sim::tips().empty());
@@ -84,6 +84,7 @@ struct Bench {
     controls::BalloonTips tips;
     filter::FileFilter filter{kBase};
     controls::UcList1* list = nullptr;
+    bool sounds = true;
     int changes = 0;
     std::string told;
 };
@@ -139,6 +140,12 @@ TEST_CASE_FIXTURE(Bench, "files are added by browsing and by dropping them, and 
     });
     CHECK(told.find("Kestrum - Info: Files must have an extension of \".Exe\" or \".Scr\"\n") == 0);
     CHECK(told.find("already in your filter list.") != std::string::npos);
+    CHECK(sim::sounds().size() == 2);
+    Show([&](platform::Window&) {
+        sounds = false;  // switched off meanwhile
+        ExpectMessage();
+        sim::dropFiles(*list, {"C:\\x.txt"});
+    });
     CHECK(sim::sounds().size() == 2);
 }
 
