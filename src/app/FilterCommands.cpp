@@ -11,6 +11,17 @@ namespace app {
 
 void FilterCommands::Load() {
     parts_.filter.Load();
+    ShowLoaded();
+}
+
+bool FilterCommands::ReadUnread() {
+    if (!parts_.filter.ReadUnread()) return false;
+    parts_.filter.SavePending();
+    ShowLoaded();
+    return true;
+}
+
+void FilterCommands::ShowLoaded() {
     const bool any = !parts_.filter.Empty();
     parts_.toolBar.EnableButton(button::kFileFilter, any);
     parts_.toolBar.SetChecked(button::kFileFilter, any);

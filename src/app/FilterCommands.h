@@ -36,6 +36,8 @@ public:
 
     // At the start: filtering is on when there is something to filter.
     void Load();
+    // The filter file could not be read at the start, and is read now.
+    bool ReadUnread();
     bool Pressed() const;
     // The check button of ToolBar1, after it took its new state.
     void Toggled();
@@ -44,6 +46,8 @@ public:
     void ShowDialog();
 
 private:
+    void ShowLoaded();
+
     void FilterChanged();
 
     Parts parts_;

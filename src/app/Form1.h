@@ -105,6 +105,7 @@ private:
     process::TipText TipOfProcess(int row);
     process::TipText TipOfFavorite(int row);
     void LoadFavorites();
+    void ReadUnread();
     void LoadOptions();
     void RestorePlacement();
     void ShowFirstTime();

@@ -156,7 +156,10 @@ bool Form1::CreateLists() {
 }
 
 void Form1::WireEvents() {
-    slots_.SetWork(Slot::Process, [this] { refresh_.ProcTimer(); });
+    slots_.SetWork(Slot::Process, [this] {
+        ReadUnread();
+        refresh_.ProcTimer();
+    });
     slots_.SetWork(Slot::Tray, [this] { trayCommands_.TrayTimer(); });
     slots_.SetWork(Slot::Memory, [this] { gauges_.UpdateMemory(); });
     slots_.SetWork(Slot::FavoritesPanel, [this] { favoriteSettings_.Watch(); });
@@ -251,6 +254,14 @@ void Form1::LoadFavorites() {
     const int column = settings_.Number(Key::FavColSort);
     favorites_.SetSort(column, settings_.Bool(Key::FavSortDir));
     favorites_.SortFavs();
+}
+
+// Files that something else kept shut when the program started, at log-on for instance.
+void Form1::ReadUnread() {
+    if (busy_.Raised()) return;
+    const bool favorites = favorites_.ReadUnread();
+    const bool names = filterCommands_.ReadUnread();
+    if (favorites || names) refresh_.ForceRebuild();
 }
 
 void Form1::RestorePlacement() {

@@ -67,6 +67,14 @@ void FavoritesList::LoadFavorites() {
     TellMissing(loaded);
 }
 
+bool FavoritesList::ReadUnread() {
+    if (!unread_) return false;
+    LoadFavorites();
+    if (unread_) return false;
+    SortFavs();
+    return true;
+}
+
 void FavoritesList::TellMissing(const LoadedProfile& loaded) {
     balloon_(MissingText(loaded.missing, loaded.missingNames), "Kestrum 2", platform::BalloonIcon::Info);
     CleanUpIcons();

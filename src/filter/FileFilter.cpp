@@ -16,12 +16,22 @@ bool FileFilter::Load() {
     storage::CleanUpAfter(path_);
     names_.Clear();
     unsaved_ = false;
-    std::string content;
-    // The filter is empty then, but the user's names are still in that file: nothing may take them away.
-    unreadable_ = storage::ReadWhole(path_, content) == storage::ReadResult::Failed;
-    for (const std::string_view name : ParseFilter(content)) names_.AddItem(name);
-    names_.Sort();
+    unread_ = true;
+    ReadUnread();
     return !Empty();
+}
+
+// The user's names are still in a file that cannot be read: nothing may take them away. Names added meanwhile stay.
+bool FileFilter::ReadUnread() {
+    std::string content;
+    if (!unread_ || storage::ReadWhole(path_, content) == storage::ReadResult::Failed) return false;
+    unread_ = false;
+    cList before = names_;
+    for (const std::string_view name : ParseFilter(content)) {
+        if (before.FindItem(name) < 0) names_.AddItem(name);
+    }
+    names_.Sort();
+    return true;
 }
 
 AddFilterResult FileFilter::AddFilter(const std::string& path) {
@@ -69,7 +79,11 @@ void FileFilter::Remove(const std::vector<int>& indices) {
 }
 
 bool FileFilter::Save() {
-    if (unreadable_) return false;
+    ReadUnread();
+    if (unread_) {
+        unsaved_ = true;
+        return false;
+    }
     const bool saved = Empty() ? platform::deleteFile(path_) || platform::fileMissing(path_)
                                : storage::WriteWhole(path_, FormatFilter(names_));
     unsaved_ = !saved;

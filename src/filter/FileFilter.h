@@ -33,6 +33,8 @@ public:
     // is deleted. False when the filter is empty then: there is no file, it holds no names, or it
     // cannot be read.
     bool Load();
+    // Reads the file if that could not be done so far; what was added meanwhile stays. True when it is read now.
+    bool ReadUnread();
     bool Empty() const { return Count() == 0; }
     int Count() const { return names_.ListCount(); }
     const std::string& Name(int index) const { return names_.List(index); }  // in sorted order, 0..Count() - 1
@@ -49,8 +51,8 @@ public:
     Added AddAll(const std::vector<std::string>& paths);
     // Removes entries by their index, saves, and drops the icons nobody needs any more.
     void Remove(const std::vector<int>& indices);
-    // Writes the filter file; an empty filter has none. False on failure, when the file is what it was, and when
-    // it was there but could not be read.
+    // Writes the filter file; an empty filter has none. When the file could not be read so far, its names come in
+    // first. False on failure, when the file is what it was.
     bool Save();
     // Tries once more what the last save could not write.
     void SavePending() {
@@ -66,7 +68,7 @@ private:
     std::string path_;
     cList names_;
     storage::IconCache icons_;
-    bool unreadable_ = false;  // the file could not be read: never written over
+    bool unread_ = false;  // the file is there, but could not be read: never written over
     bool unsaved_ = false;
 };
 

@@ -85,6 +85,24 @@ TEST_CASE_FIXTURE(Machine, "Neither damaged settings nor what a kill has left be
     for (const std::string& file : files) CHECK(sim::file(file) == "a content nobody knows.exe\r\n");
 }
 
+TEST_CASE_FIXTURE(Machine, "Files that were kept shut at the start are read as soon as they can be") {
+    constexpr const char* kFilterFile = "C:\\Kestrum\\FileFilter";
+    sim::putFile("C:\\Apps\\fav.exe", "");
+    PutProfile("Fav.exe\t1\tHigh\tC:\\Apps\\fav.exe\t\r\n");
+    sim::putFile(kFilterFile, "noise.exe\r\n");
+    for (const char* file : {kProfile1, kFilterFile}) sim::setUnreadable(file, true);
+    Store("AutoSet", "1");
+    const ProcessId favourite = Run("C:\\Apps\\fav.exe"), noise = Run("C:\\Apps\\noise.exe");
+    Start();
+    Tick(5);
+    CHECK(MaskOf(favourite) == 0xF);
+    CHECK(RowOf(noise) >= 0);
+    for (const char* file : {kProfile1, kFilterFile}) sim::setUnreadable(file, false);
+    Tick();
+    CHECK(MaskOf(favourite) == 2);
+    CHECK(RowOf(noise) < 0);
+}
+
 TEST_CASE("Nothing overlaps at any size the window can have") {
     app::MainParts parts;
     parts.affinityWidth = 480;  // eight processors

@@ -148,18 +148,24 @@ TEST_CASE_FIXTURE(Bench, "what cannot be written stays in memory, and the file w
     CHECK(Saved() == "Calc.exe\r\n");
 }
 
-TEST_CASE_FIXTURE(Bench, "a filter file that could not be read is never written over or deleted") {
-    sim::putFile(kFile, "a.exe\r\n");
+TEST_CASE_FIXTURE(Bench, "a filter file that could not be read is never written over, and joined when it can be") {
+    sim::putFile(kFile, "a.exe\r\nb.exe\r\n");
     sim::putFile(kIcons + "a.exe.bmp", "");
     sim::setUnreadable(kFile, true);
     CHECK_FALSE(filter.Load());
     CHECK(filter.AddFilter("C:\\b.exe") == AddFilterResult::Added);
-    sim::setUnreadable(kFile, false);
+    CHECK(filter.AddFilter("C:\\CALC.EXE") == AddFilterResult::Added);
     filter.Remove({0});
+    CHECK_FALSE(filter.ReadUnread());
+    sim::setUnreadable(kFile, false);
+    CHECK(Saved() == "a.exe\r\nb.exe\r\n");
+    SUBCASE("by what is saved next") {}
+    SUBCASE("by a look at it") {
+        CHECK(filter.ReadUnread());
+        CHECK_FALSE(filter.ReadUnread());
+    }
     filter.SavePending();
-    CHECK(Saved() == "a.exe\r\n");
+    CHECK(Shown() == Names{"a.exe", "b.exe", "Calc.exe"});
+    CHECK(Saved() == "a.exe\r\nb.exe\r\nCalc.exe\r\n");
     CHECK(sim::file(kIcons + "a.exe.bmp"));
-    CHECK(filter.Load());
-    CHECK(filter.AddFilter("C:\\b.exe") == AddFilterResult::Added);
-    CHECK(Saved() == "a.exe\r\nB.exe\r\n");
 }
