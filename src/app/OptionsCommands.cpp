@@ -56,9 +56,10 @@ void OptionsCommands::SetEdgeDetection(bool on) {
 
 // Not the level, which is written when the dialog closes.
 void OptionsCommands::ReloadGraphOptions() {
-    const int level = parts_.graphOptions.level;
+    const graphs::GraphOptions before = parts_.graphOptions;
     parts_.graphOptions = graphs::LoadGraphOptions(parts_.settings);
-    parts_.graphOptions.level = level;
+    parts_.graphOptions.level = before.level;
+    parts_.graphOptions.shadow = before.shadow;  // which comes with a restart
 }
 
 void OptionsCommands::RecolorGraphs() {

@@ -68,6 +68,7 @@ bool FrmColorMeter::Open() {
     if (!CreateGraph(kName, kTitle, Place(), Options().edgeDetection)) return false;
     if (Options().stayOnTop) setTopmost(true);
     show(ShowCommand::ShowInactive);
+    usage_.Checked(process::LocalNow());  // nobody looked at the clock while there was no window
     Call(StartGraphTimer);
     return true;
 }

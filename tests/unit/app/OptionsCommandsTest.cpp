@@ -198,6 +198,15 @@ TEST_CASE_FIXTURE(Desk, "Options: the shadow comes with a restart") {
     Start();
     Open();
     Click("Start Up");
+    Answer('N');
+    Click("Show Shadows");
+    Click("CPU Graphs");
+    Pick("CboGphCap", 2);  // the other options of graphs are read anew
+    form->Graphs().Launch("a.exe", Run("C:\\Apps\\a.exe"));
+    CHECK_FALSE(sim::hasDropShadow(*form->Graphs().InSlot(1)));
+    Click("Start Up");
+    Answer('N');
+    Click("Show Shadows");
     Answer('Y');
     Click("Show Shadows");
     CHECK(sim::quitCode() == 0);

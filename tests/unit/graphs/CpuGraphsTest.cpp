@@ -137,3 +137,21 @@ TEST_CASE_FIXTURE(Desk, "a place off every screen is brought back; a small scree
     sim::setScreens({{0, 0, 320, 240}});
     for (int slot = 1; slot <= 16; ++slot) CHECK(Open().bounds().intersect({0, 0, 320, 210}).size() == kSize);
 }
+
+TEST_CASE_FIXTURE(Desk,
+                  "sixteen graphs over ten thousand readings leave no handle behind and are drawn once each") {
+    for (int slot = 1; slot <= 16; ++slot) Open("app.exe", slot == 1 ? 0.3 : 0);
+    for (int slot = 2; slot <= 16; slot += 2) graphs.InSlot(slot)->show(platform::ShowCommand::Hide);
+    sim::findProcess(graphs.InSlot(2)->PID())->load = 2;
+    Tick(200);
+    const int handles = sim::openHandles();
+    const auto drawn = sim::drawCount();
+    for (int sample = 0; sample < 10'000; ++sample) {
+        if (sample % 50 == 0) sim::findProcess(graphs.InSlot(1)->PID())->load = sample % 100 == 0 ? 0.4 : 0.1;
+        Tick();
+    }
+    CHECK(sim::openHandles() == handles);
+    CHECK(graphs.InSlot(2)->CaptionText() == "50%  app");
+    // What is hidden and what does not change is not drawn: one window's worth each tick, at most.
+    CHECK((sim::drawCount() - drawn) / 10'000 < 350);
+}

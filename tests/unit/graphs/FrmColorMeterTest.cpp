@@ -119,6 +119,14 @@ TEST_CASE_FIXTURE(Meter, "a clock that is set takes the start time with it") {
     CHECK(time() == "00:00:00:14");
 }
 
+TEST_CASE_FIXTURE(Meter, "the average has been taken since the start, also while there was no window") {
+    meter.Close();
+    sim::advance(3'600'000);
+    REQUIRE(meter.Open());
+    Choose(meter, "Average CPU usage");
+    CHECK(Text().starts_with("00:01:00:0"));
+}
+
 TEST_CASE_FIXTURE(Meter, "the menu: bars or average, the average anew, beyond the edge or not") {
     std::string menu;
     const auto look = [&](const auto& items) { menu = Described(items); };
