@@ -12,6 +12,7 @@
 #include "UserSteps.h"
 #include "app/Form1.h"
 #include "platform/sim/Sim.h"
+#include "platform/sim/SimMachine.h"
 #include "settings/SettingKeys.h"
 
 namespace sim = platform::sim;
@@ -33,10 +34,22 @@ void RequireSaneList(const controls::UcList1& list) {
     for (const int row : list.SelectedRows()) fuzz::Require(row >= 0 && row < list.ListCount());
 }
 
+// The timers of process list, meter and total graph, which nothing may leave stopped.
+void RequireUpToDate(Form1& form) {
+    static_assert(app::kRefreshMilliseconds == app::kTrayMilliseconds);
+    static_assert(app::kRefreshMilliseconds == graphs::kMeterMilliseconds);
+    const auto& timers = sim::machine().timers;
+    const auto running = std::count_if(timers.begin(), timers.end(), [](const sim::TimerRecord& timer) {
+        return timer.window == 0 && timer.period == app::kRefreshMilliseconds;
+    });
+    fuzz::Require(running >= (form.TotalGraph().exists() ? 3 : 2));
+}
+
 void RequireSane(Form1& form) {
     fuzz::Require(sim::openHandles("process") == 0 && sim::openHandles("token") == 0);
     fuzz::Require(sim::openHandles("timer") <= kMostTimers);
     if (Ended(form)) return;
+    RequireUpToDate(form);
     RequireSaneList(form.ProcessList());
     RequireSaneList(form.FavoritesListControl());
 }

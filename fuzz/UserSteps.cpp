@@ -16,6 +16,7 @@ namespace {
 
 constexpr int kDeepest = 4;       // dialogs over each other that the user still does more in than answer
 constexpr int kMostInDialog = 8;  // steps before the answer
+constexpr int kMeanwhile = 128;   // of 256: something else happens before a menu is answered
 
 // Those that take input now, in the order in which they were made.
 std::vector<std::uintptr_t> InputWindows() {
@@ -90,12 +91,40 @@ void User::Answer(platform::Window& dialog) {
 int User::Choose(const std::vector<platform::MenuItem>& items) {
     const std::vector<platform::MenuItem>* level = &items;
     while (!level->empty()) {
-        const platform::MenuItem& item = (*level)[static_cast<std::size_t>(bytes_.Byte()) % level->size()];
+        const int number = bytes_.Byte();
+        if (number >= kMeanwhile) Meanwhile(NextStep(bytes_));
+        const platform::MenuItem& item = (*level)[static_cast<std::size_t>(number) % level->size()];
         if (!item.enabled) return 0;
         if (item.submenu.empty()) return item.id;
         level = &item.submenu;
     }
     return 0;
+}
+
+// What can happen while a menu is open: time passes, the machine changes, another copy starts, keys are held for a
+// hotkey, the session ends.
+void User::Meanwhile(const Step& step) {
+    switch (step.kind % 5) {
+        case 0:
+            Befall({step.kind, step.a, step.b, step.c});
+            break;
+        case 1:
+            if (platform::Window* mailbox = sim::findWindow("Text1")) mailbox->setText("WakeUp");
+            break;
+        case 2:
+            for (const std::uint16_t code :
+                 {key::kCtrl, key::kShift, static_cast<std::uint16_t>('1' + step.a % 5)}) {
+                sim::holdKey(code);
+            }
+            break;
+        case 3:
+            if (step.b % 8 == 0) sim::endSession();
+            break;
+        default:
+            break;
+    }
+    sim::run(static_cast<std::uint32_t>(step.c * 8));
+    for (std::uint16_t code = '1'; code <= '5'; ++code) sim::releaseKey(code);
 }
 
 void User::Press(const Step& step) {
@@ -171,7 +200,7 @@ void User::OnDesktop(const Step& step) {
                 sim::dragFrame(form_, platform::Rect::fromSize({step.b, step.c}, {step.b * 6, step.c * 4}));
             break;
         case 1:
-            if (form_.exists()) form_.show(static_cast<platform::ShowCommand>(step.b % 6));
+            if (form_.exists()) form_.show(static_cast<platform::ShowCommand>(step.b % 7));
             break;
         case 2:
             sim::loseCapture();

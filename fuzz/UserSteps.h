@@ -29,6 +29,7 @@ private:
     void OnWindow(platform::Window& window, const Step& step);
     void OnDesktop(const Step& step);
     void InTray(const Step& step);
+    void Meanwhile(const Step& step);
     void Press(const Step& step);
     void Befall(const Step& step);
     void Answer(platform::Window& dialog);
