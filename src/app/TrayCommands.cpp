@@ -34,7 +34,8 @@ void TrayCommands::Notified(TrayEvent event) {
     if (parts_.busy.Raised() || parts_.msgBoxes.Showing()) {
         // A question or a dialog of ours, of whichever window, is open and comes first.
         if (event != TrayEvent::LeftUp && event != TrayEvent::RightUp) return;
-        parts_.window.bringToFront();
+        // A window that is out of sight would only take the keyboard away from the question.
+        if (parts_.window.visible()) parts_.window.bringToFront();
         platform::beep();
     } else if (event == TrayEvent::LeftDoubleClick) {
         Restore();

@@ -217,6 +217,23 @@ TEST_CASE_FIXTURE(Machine, "The meter follows the load, and stays as it is while
     CHECK(barPixels() == 0);
 }
 
+TEST_CASE_FIXTURE(Machine, "A hundred thousand ticks of the meter leave nothing open") {
+    Start();
+    settings::DisplayOptions options;
+    int icons = 0;
+    for (int tick = 0; tick < 100'000; ++tick) {
+        if (tick % 1000 == 0) {
+            options.trayType = 1 + tick / 1000 % 3;
+            form->Tray().Show(options);
+            sim::advance(500);
+        }
+        form->Tray().TrayTimer();
+        if (tick == 10) icons = sim::openHandles("icon");
+    }
+    CHECK(sim::openHandles("icon") == icons);
+    CHECK(sim::openHandles("picture") <= 6);  // toolbars, buttons, digits
+}
+
 TEST_CASE_FIXTURE(Machine, "Tips explain buttons, rows and gauges, unless the user wants none") {
     PutProfile("Fav.exe\t1\tHigh\tC:\\Apps\\fav.exe\t-x\r\n");
     Run("C:\\Apps\\fav.exe");
