@@ -20,7 +20,7 @@ inline constexpr char kProcessHeader[] =
     "File,0,True,0,2,False,0,134|Affinity,2,False,0,2,False,0,82|Priority,2,False,0,2,False,0,60|"
     "PID,2,False,0,2,False,0,40|CPU %,2,False,0,2,False,0,60|Mem(KB),1,False,0,2,False,0,70|"
     ",2,False,0,2,False,16777215,0";
-// The widths of the shown ones again, as "Reset Columns" stores them.
+// The widths of the shown ones again, as "Column Widths" stores them.
 inline constexpr char kProcessWidths[] = "134,82,60,40,60,70,";
 
 }  // namespace app

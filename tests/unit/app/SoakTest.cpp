@@ -247,7 +247,7 @@ TEST_CASE("Ten thousand ticks on a restless machine leave nothing open and nothi
     CHECK(sim::quitCode() == 0);
 }
 
-// Takes ten minutes: run by test.sh --long.
+// Takes six minutes: run by test.sh --long.
 TEST_CASE("A week: 1.2 million ticks leave the memory as it was" *
           doctest::skip(std::getenv("KESTRUM_LONG") == nullptr)) {
     constexpr int kWeek = 7 * 24 * 60 * 60 * 2;
