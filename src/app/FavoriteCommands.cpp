@@ -94,9 +94,11 @@ void FavoriteCommands::RemoveFavorites() {
         parts_.messages.Tell("Please select one or more favorites to remove!");
         return;
     }
-    if (!parts_.messages.Ask("Remove selected items from favorites?")) return;
+    // Those that the question is about, whatever is selected when it is answered.
+    const std::vector<favorites::Favorite> chosen = parts_.favorites.SelectedFavorites();
+    if (!parts_.messages.Ask("Remove selected items from favorites?") || !parts_.window.exists()) return;
     const PausedSlot pause(parts_.slots, Slot::Process, kRefreshMilliseconds);
-    parts_.favorites.RemoveSelected();
+    parts_.favorites.Remove(chosen);
     parts_.refresh.UpdateStatusLine();
     ProfilesChanged();
 }

@@ -103,6 +103,7 @@ void ProfileCommands::SwitchTo(int profile) {
     parts_.favorites.SetFavName(favorites::ProfileName(profile));
     parts_.filterCommands.Toggled();  // loads the favourites and rebuilds the list
     if (parts_.favoriteCommands.AutoSetPressed()) parts_.favoriteCommands.SetFavs();
+    ProfilesChanged();  // one whose programs are all gone is empty now
 }
 
 void ProfileCommands::CopyTo(int profile) {

@@ -56,6 +56,7 @@ SettingsEdit SetSettings(FavoritesList& list, const std::vector<int>& rows, cons
 
 bool CopySelectedTo(FavoritesList& list, const std::string& profileName) {
     if (profileName == list.FavName()) return false;
+    list.SavePending();  // the copies come to what the other profile is to hold
     return CopyToProfile(list.SelectedFavorites(), list.BaseFolder(), profileName);
 }
 

@@ -53,18 +53,30 @@ void FavoritesList::LoadFavorites() {
     if (again) {
         SavePending();
         if (unsaved_) return;  // the file is behind the list
+    } else if (unsaved_ && !unread_) {
+        waiting_[shownFile_] = Rows();
     }
-    const LoadedProfile loaded = LoadProfile(path);
+    LoadedProfile loaded;
+    const auto waits = waiting_.extract(path);
+    if (waits.empty()) {
+        loaded = LoadProfile(path);
+    } else {
+        loaded.rows = waits.mapped();
+    }
     if (again && loaded.unreadable) return;
     shownFile_ = path;
     unread_ = loaded.unreadable;
-    unsaved_ = false;
+    unsaved_ = !waits.empty();
     list_.Clear();
     icons_.Release();
     for (const Favorite& favorite : loaded.rows) AddRow(favorite);
-    if (loaded.missing == 0) return;
-    Save();
-    TellMissing(loaded);
+    if (loaded.missing > 0 || unsaved_) Save();
+    if (loaded.missing > 0) TellMissing(loaded);
+}
+
+void FavoritesList::SavePending() {
+    if (unsaved_) Save();
+    std::erase_if(waiting_, [](const auto& profile) { return SaveProfile(profile.first, profile.second); });
 }
 
 bool FavoritesList::ReadUnread() {
@@ -112,12 +124,17 @@ bool FavoritesList::Save() {
     return !unsaved_;
 }
 
-// Favourites that are shown are not added once more.
+// Of a favourite that is in both, what the user has edited holds, otherwise what was stored.
 void FavoritesList::Join(const LoadedProfile& loaded) {
-    std::set<std::string> shown;
-    for (const Favorite& favorite : Rows()) shown.insert(text::Lower(favorite.path));
+    std::map<std::string, int> shown;
+    for (int row = 0; row < Count(); ++row) shown[text::Lower(list_.CellText(row, kColPath))] = row;
     for (const Favorite& favorite : loaded.rows) {
-        if (!shown.contains(text::Lower(favorite.path))) AddRow(favorite);
+        const auto found = shown.find(text::Lower(favorite.path));
+        if (found == shown.end()) {
+            AddRow(favorite);
+        } else if (Row(found->second).priority == kDefaultPriority && Row(found->second).param.empty()) {
+            PutRow(found->second, favorite);
+        }
     }
     SortFavs();
 }
@@ -147,6 +164,16 @@ int FavoritesList::RemoveRows(const std::vector<int>& rows) {
     if (!AnySelected()) list_.SelectItem(std::min(first, Count() - 1), true);
     list_.SetTopIndex(top);
     return removed;
+}
+
+int FavoritesList::Remove(const std::vector<Favorite>& favorites) {
+    std::set<std::string> paths;
+    for (const Favorite& favorite : favorites) paths.insert(text::Lower(favorite.path));
+    std::vector<int> rows;
+    for (int row = 0; row < Count(); ++row) {
+        if (paths.contains(text::Lower(list_.CellText(row, kColPath)))) rows.push_back(row);
+    }
+    return RemoveRows(rows);
 }
 
 bool FavoritesList::ReplaceRows(const std::map<int, Favorite>& favorites, Select select) {

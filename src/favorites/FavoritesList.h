@@ -63,14 +63,13 @@ public:
     // Writes the list to the profile's file. When that could not be read so far, its favourites come into the list
     // first. False on failure, when the file is what it was.
     bool Save();
-    // Tries once more what the last save could not write.
-    void SavePending() {
-        if (unsaved_) Save();
-    }
-    // Removes the selected rows, saves, and drops the icons nobody needs any more; how many rows went.
-    int RemoveSelected() { return RemoveRows(SelectedRows()); }
-    // The same for these rows; other selected ones stay selected.
+    // Tries once more what could not be written, of this profile and of those shown before.
+    void SavePending();
+    // Removes rows, saves, and drops the icons nobody needs any more; how many rows went. Other selected ones stay
+    // selected.
     int RemoveRows(const std::vector<int>& rows);
+    // The same for favourites, which are known by their paths.
+    int Remove(const std::vector<Favorite>& favorites);
     // What is selected when rows have been replaced: the favourites of these rows, or what was selected before.
     enum class Select { Replaced, AsBefore };
     // Puts other favourites in the place of rows. When that changes any: saves, loads again, sorts, and selects
@@ -108,6 +107,7 @@ private:
     std::string shownFile_;  // what the rows belong to
     bool unread_ = false;    // that file is there, but could not be read
     bool unsaved_ = false;
+    std::map<std::string, std::vector<Favorite>> waiting_;  // unsaved rows of other profiles, by their files
     int sortColumn_ = 0;
     bool sortAscending_ = true;
 };

@@ -53,6 +53,28 @@ TEST_CASE_FIXTURE(Desk, "Favourites are added by the chooser and by dropping, an
     CHECK(Processes().ListCount() == 1);
 }
 
+TEST_CASE_FIXTURE(Desk, "The favourites that were asked about are removed, whatever happens meanwhile") {
+    StartWithTwo();
+    SelectFavorites({0});
+    SUBCASE("others are selected") {
+        sim::whenModal([&](platform::Window&) {
+            SelectFavorites({1});
+            sim::pressKey('Y');
+        });
+        ClickButton(app::button::kRemoveFavorites);
+        REQUIRE(Favorites().ListCount() == 1);
+        CHECK(Favorites().CellText(0, 0) == "B.exe");
+    }
+    SUBCASE("the session ends") {
+        sim::whenModal([](platform::Window&) {
+            sim::pressKey('Y');
+            sim::endSession();
+        });
+        ClickButton(app::button::kRemoveFavorites);
+        CHECK(sim::openHandles("timer") == 0);
+    }
+}
+
 TEST_CASE_FIXTURE(Desk, "What cannot be saved at once is saved in the end") {
     StartWithTwo();
     sim::setReadOnlyFolder("C:\\Kestrum", true);

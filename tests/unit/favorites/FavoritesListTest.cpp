@@ -125,17 +125,17 @@ TEST_CASE_FIXTURE(Bench, "removing takes the selected rows, whatever the order s
     AddThree();
     favs.SetSort(0, false);
     favs.SortFavs();
-    CHECK(favs.RemoveSelected() == 0);
+    CHECK(favs.RemoveRows(favs.SelectedRows()) == 0);
     list.SelectItem(0, true);
     list.SelectItem(2, true);
     const std::string before = Saved();
 
     SUBCASE("and their icons") {
-        CHECK(favs.RemoveSelected() == 2);
+        CHECK(favs.RemoveRows(favs.SelectedRows()) == 2);
         CHECK(Saved() == kHeader + "B.exe\t013\tDefault\tC:\\b.exe\t\r\n");
         CHECK(platform::listFiles(kBase + "Cache\\", "*.bmp") == Names{"b.exe.bmp"});
         list.SelectItem(0, true);
-        CHECK(favs.RemoveSelected() == 1);
+        CHECK(favs.RemoveRows(favs.SelectedRows()) == 1);
         CHECK(Saved() == "(no file)");
     }
     SUBCASE("and the row that moved up is selected, in view") {
@@ -148,7 +148,7 @@ TEST_CASE_FIXTURE(Bench, "removing takes the selected rows, whatever the order s
         const int top = list.TopIndex();
         for (int row = 0; row < favs.Count(); ++row) list.SelectItem(row, row == top + 2);
         const std::string next = favs.Row(top + 3).name;
-        CHECK(favs.RemoveSelected() == 1);
+        CHECK(favs.RemoveRows(favs.SelectedRows()) == 1);
         CHECK(list.TopIndex() == top);
         CHECK(list.Selected(top + 2));
         CHECK(favs.Row(top + 2).name == next);
@@ -156,12 +156,12 @@ TEST_CASE_FIXTURE(Bench, "removing takes the selected rows, whatever the order s
     SUBCASE("but no icon while a profile that may need it cannot be read") {
         sim::putFile(kBase + "My Favs 4", kHeader);
         sim::setUnreadable(kBase + "My Favs 4", true);
-        CHECK(favs.RemoveSelected() == 2);
+        CHECK(favs.RemoveRows(favs.SelectedRows()) == 2);
         CHECK(sim::file(kBase + "Cache\\a.exe.bmp"));
     }
     SUBCASE("even when that cannot be saved") {
         sim::setReadOnlyFolder("C:\\Kestrum", true);
-        CHECK(favs.RemoveSelected() == 2);
+        CHECK(favs.RemoveRows(favs.SelectedRows()) == 2);
         CHECK(Shown() == Names{"B.exe"});
         CHECK(Saved() == before);
     }
@@ -174,10 +174,17 @@ TEST_CASE_FIXTURE(Bench, "a profile that could not be read is never written over
     CHECK_FALSE(favs.Save());
     CHECK(favs.AddFav("C:\\A.EXE", "013") == AddFavResult::Added);
     CHECK(Shown() == Names{"A.exe"});
+    std::string joined = Line("a.exe");  // with the settings that it had
     SUBCASE("by what is saved next") {
         sim::setUnreadable(kProfile, false);
         CHECK(Saved() == kHeader + Line("b.exe") + Line("a.exe") + Line("gone.exe"));
         favs.SavePending();
+    }
+    SUBCASE("and what was edited holds") {
+        favs.ReplaceRows({{0, {"A.exe", "2", "Low", "C:\\A.EXE", ""}}});
+        sim::setUnreadable(kProfile, false);
+        favs.SavePending();
+        joined = "A.exe\t2\tLow\tC:\\A.EXE\t\r\n";
     }
     SUBCASE("by a reload") {
         favs.LoadFavorites();
@@ -185,9 +192,8 @@ TEST_CASE_FIXTURE(Bench, "a profile that could not be read is never written over
         sim::setUnreadable(kProfile, false);
         favs.LoadFavorites();
     }
-    CHECK(Shown() == Names{"A.exe", "b.exe"});
     CHECK(balloons.size() == 1);  // one is gone
-    CHECK(Saved() == kHeader + "A.exe\t013\tDefault\tC:\\A.EXE\t\r\n" + Line("b.exe"));
+    CHECK(Saved() == kHeader + joined + Line("b.exe"));
 }
 
 TEST_CASE_FIXTURE(Bench, "a reload takes nothing from the list that its file does not give or have yet") {
@@ -201,8 +207,26 @@ TEST_CASE_FIXTURE(Bench, "a reload takes nothing from the list that its file doe
     CHECK(favs.AddFav("C:\\C.EXE", "0") == AddFavResult::Added);
     favs.LoadFavorites();
     CHECK(Shown() == Names{"a.exe", "b.exe", "C.exe"});
-    sim::setReadOnlyFolder("C:\\Kestrum", false);
-    favs.LoadFavorites();
+    SUBCASE("of the same profile") {
+        sim::setReadOnlyFolder("C:\\Kestrum", false);
+        favs.LoadFavorites();
+    }
+    SUBCASE("of one that comes back") {
+        favs.SetFavName("My Favs 2");
+        favs.LoadFavorites();
+        CHECK(Shown().empty());
+        favs.SetFavName("My Favs 1");
+        favs.LoadFavorites();
+        CHECK(Shown() == Names{"a.exe", "b.exe", "C.exe"});
+        sim::setReadOnlyFolder("C:\\Kestrum", false);
+        favs.SavePending();
+    }
+    SUBCASE("of one that was left") {
+        favs.SetFavName("My Favs 2");
+        favs.LoadFavorites();
+        sim::setReadOnlyFolder("C:\\Kestrum", false);
+        favs.SavePending();
+    }
     CHECK(Saved().ends_with("C:\\C.EXE\t\r\n"));
 
     favs.SetFavName("My Favs 2");  // another profile has its own
