@@ -158,6 +158,7 @@ protected:
     void onSystemColors() override;
 
 private:
+    std::string RowTextAt(platform::Point at);
     // What the held left button is doing.
     enum class Drag { None, Item, HeaderCell, ColumnWidth, Bar };
 

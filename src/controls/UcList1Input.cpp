@@ -36,7 +36,12 @@ void UcList1::onMouse(const MouseEvent& event) {
         pvOnMouseMove(event);
         return;
     }
-    if (pressed && !focused()) focus();
+    if (pressed && !focused()) {
+        // Who loses the focus may change the rows. Then the press was for one that is elsewhere now.
+        const std::string row = RowTextAt(event.at);
+        focus();
+        if (RowTextAt(event.at) != row) return;
+    }
     const platform::Size client = clientSize();
     const bool inside = platform::Rect{0, 0, client.width, client.height}.contains(event.at);
     switch (event.button) {
@@ -62,6 +67,15 @@ void UcList1::onMouse(const MouseEvent& event) {
         case MouseButton::None:
             break;
     }
+}
+
+// The cells of the row at a point; empty where there is none.
+std::string UcList1::RowTextAt(Point at) {
+    const UcListHit hit = HitTest(Layout(), at);
+    std::string text;
+    if (hit.zone != kZoneItems || hit.row >= ListCount()) return text;
+    for (int column = 0; column < ColumnCount(); ++column) text += CellText(hit.row, column) + '\t';
+    return text;
 }
 
 // ---- press and release ----

@@ -10,7 +10,7 @@ namespace key = platform::key;
 void UcList1::onKey(const platform::KeyEvent& event) {
     const std::size_t number = event.code % keysDown_.size();
     if (event.down) {
-        keysDown_.set(number);
+        if (!event.repeat) keysDown_.set(number);
         if (ListCount() > 0) KeyDown(event);
         return;
     }

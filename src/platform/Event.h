@@ -42,6 +42,7 @@ struct KeyEvent {
     bool down = false;
     std::uint16_t code = 0;
     Modifiers modifiers;
+    bool repeat = false;  // it is held down, and went down earlier
 };
 
 // What the user does to an icon in the notification area.

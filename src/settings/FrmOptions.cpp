@@ -177,7 +177,7 @@ bool FrmOptions::TakeKey(const platform::KeyEvent& event) {
     if (PageKey(event.code, event.modifiers.ctrl)) return true;
     if (event.modifiers.ctrl) return false;
     if (event.code == key::kF1) {
-        Changed(Option::CmdHelp);
+        if (!event.repeat) Changed(Option::CmdHelp);
         return true;
     }
     if (event.code != key::kEscape) return false;

@@ -87,6 +87,7 @@ void sendMouse(std::uintptr_t native, Point at, MouseAction action, MouseButton 
 }
 
 void sendKey(bool down, std::uint16_t code, Modifiers modifiers) {
+    const bool repeat = down && machine().desktop.heldKeys.contains(code);
     if (down) {
         holdKey(code);
     } else {
@@ -98,7 +99,7 @@ void sendKey(bool down, std::uint16_t code, Modifiers modifiers) {
     if (record->textBox && code != key::kTab) {
         if (down) sendBoxKey(record, code, modifiers);
     } else if (code != key::kTab) {
-        WindowAccess::key(*record->object, {down, code, modifiers});
+        WindowAccess::key(*record->object, {down, code, modifiers, repeat});
     } else if (down && !modifiers.alt) {
         moveFocus(record, modifiers.shift);
     }

@@ -190,7 +190,8 @@ Answer keyMessage(const Message& m, WindowData& data) {
         return 0;
     }
     const Modifiers modifiers{keyIsDown(VK_SHIFT), keyIsDown(VK_CONTROL), keyIsDown(VK_MENU)};
-    WindowAccess::key(*data.window, {down, static_cast<std::uint16_t>(m.wParam), modifiers});
+    const bool repeat = down && (HIWORD(m.lParam) & KF_REPEAT) != 0;
+    WindowAccess::key(*data.window, {down, static_cast<std::uint16_t>(m.wParam), modifiers, repeat});
     if (system) return std::nullopt;  // Alt+F4 and the system menu are Windows' business
     return 0;
 }

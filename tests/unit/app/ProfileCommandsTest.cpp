@@ -129,7 +129,8 @@ TEST_CASE_FIXTURE(Desk, "A parameter is edited in place") {
     };
     edit({1});
     sim::typeText("one\ttwo");
-    sim::pressKey(key::kEnter);
+    for (int held = 0; held < 3; ++held) sim::keyDown(key::kEnter);
+    sim::keyUp(key::kEnter);
     CHECK(saved("one two"));
     CHECK(sim::focusedWindow() == &Favorites());
     CHECK(sim::launches().empty());  // the Enter was not for the list
@@ -159,4 +160,22 @@ TEST_CASE_FIXTURE(Desk, "A parameter is edited in place") {
     sim::typeText("four");
     sim::endSession();
     CHECK(saved("four"));
+}
+
+TEST_CASE_FIXTURE(Desk, "A press that ends the editing of a parameter is not for the row that comes under it") {
+    sim::putFile("C:\\Apps\\c.exe", "");
+    PutProfile(kLineA + kLineB + "C.exe\t2\tLow\tC:\\Apps\\c.exe\tb\r\n");
+    Store("FavColSort", "4");
+    Start();
+    REQUIRE(Favorites().CellText(0, 0) == "B.exe");
+    const platform::Point second{40, Favorites().HeaderHeight() + 26};
+    SelectFavorites({0});
+    Favorites().focus();
+    sim::pressKey(key::kF2);
+    sim::typeText("zzz");
+    sim::click(Favorites(), second);
+    REQUIRE(Favorites().CellText(1, 0) == "C.exe");
+    CHECK_FALSE(Favorites().Selected(1));
+    sim::click(Favorites(), second);
+    CHECK(Favorites().Selected(1));
 }
