@@ -17,8 +17,9 @@ ProcessIcons::ProcessIcons(int defaultIconResource)
 std::uintptr_t ProcessIcons::IconOf(const std::string& imagePath) {
     Entry& entry = icons_[imagePath];
     entry.used = true;
-    if (!entry.icon && entry.tries < kMostTries) {
+    if (!entry.icon && entry.tries < kMostTries && entry.lastTry != pass_) {
         entry.icon = platform::extractIcon(imagePath, kIconSize);
+        entry.lastTry = pass_;
         ++entry.tries;
     }
     if (entry.icon) return entry.icon.raw();
@@ -26,6 +27,7 @@ std::uintptr_t ProcessIcons::IconOf(const std::string& imagePath) {
 }
 
 void ProcessIcons::DropUnused() {
+    ++pass_;
     if (icons_.size() <= kManyPrograms) return;
     for (auto entry = icons_.begin(); entry != icons_.end();) {
         if (entry->second.used) {

@@ -2,6 +2,7 @@
 #include "platform/Picture.h"
 
 #include <cstdlib>
+#include <limits>
 
 #include "platform/CodePage.h"
 #include "platform/Files.h"
@@ -125,6 +126,8 @@ PictureData stretched(const sim::IconData& icon, int size) {
     return picture;
 }
 
+constexpr std::size_t kAnySize = std::numeric_limits<std::size_t>::max();
+
 bool isProgram(const std::string& path) {
     const std::string lower = lowerCase(path);
     return lower.ends_with(".exe") || lower.ends_with(".scr");
@@ -144,7 +147,7 @@ void PictureTag::close(std::uintptr_t raw) noexcept {
 }
 
 IconHandle extractIcon(const std::string& path, int size) {
-    if ((size != 16 && size != 32) || !isProgram(path) || !fileExists(path)) return {};
+    if ((size != 16 && size != 32) || !isProgram(path) || !readFile(path, kAnySize)) return {};
     return openIcon(path, size);
 }
 

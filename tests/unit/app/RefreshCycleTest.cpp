@@ -1,5 +1,4 @@
 #include "AppFixture.h"
-#include "platform/Files.h"
 
 using namespace apptest;
 
@@ -117,12 +116,13 @@ TEST_CASE_FIXTURE(Machine, "A program shows its own icon, also when that can be 
     Start();
     Tick(3);
     const ProcessId early = Run("C:\\One\\setup.exe"), other = Run("C:\\Two\\setup.exe");
-    platform::deleteFile("C:\\One\\setup.exe");
+    for (int more = 0; more < 3; ++more) Run("C:\\One\\setup.exe");
+    sim::setUnreadable("C:\\One\\setup.exe", true);
     const auto icon = [this](ProcessId id) { return Cell(id, 6); };
     Tick();
     const std::string usual = icon(early);
-    CHECK(icon(other) != usual);
-    sim::putFile("C:\\One\\setup.exe", "");
+    REQUIRE(RowOf(early) >= 0);
+    sim::setUnreadable("C:\\One\\setup.exe", false);
     Tick();
     CHECK(icon(early) != usual);
     CHECK(icon(early) != icon(other));
