@@ -67,7 +67,8 @@ void Form1::onPaint(platform::Canvas& canvas, const Rect& dirty) {
 void Form1::onSize(platform::Size, WindowState state) {
     if (!started_) return;
     if (state == WindowState::Minimized) {
-        MinimizeToTray();
+        // With a dialog of its own open it stays in the task bar: the icon could not bring it back.
+        if (enabled()) MinimizeToTray();
         return;
     }
     if (inTray_) RestoreFromTray(Raise::No);  // shown by other means than ours
@@ -111,6 +112,7 @@ void Form1::LayOut() {
 }
 
 void Form1::MoveSplitter(int left) {
+    if (inTray_) return;  // it was held while the window went
     const int wanted = EffectiveSplitter(clientSize().width, left);
     int& splitter = layouts_.For(maximized_).splitter;
     if (wanted == splitter) return;

@@ -34,8 +34,8 @@ void TrayCommands::Notified(TrayEvent event) {
     if (parts_.busy.Raised() || parts_.msgBoxes.Showing()) {
         // A question or a dialog of ours, of whichever window, is open and comes first.
         if (event != TrayEvent::LeftUp && event != TrayEvent::RightUp) return;
-        // A window that is out of sight would only take the keyboard away from the question.
         if (parts_.window.visible()) parts_.window.bringToFront();
+        parts_.msgBoxes.BringToFront();  // which may be another window's
         platform::beep();
     } else if (event == TrayEvent::LeftDoubleClick) {
         Restore();

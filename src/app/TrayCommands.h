@@ -30,7 +30,7 @@ public:
         tray::TrayIcon& icon;
         TimerSlots& slots;
         BusyFlag& busy;
-        const controls::MsgBoxes& msgBoxes;
+        controls::MsgBoxes& msgBoxes;
         controls::ToolBar& toolBar;
         FavoriteCommands& favorites;
         Gauges& gauges;

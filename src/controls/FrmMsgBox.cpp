@@ -1,5 +1,7 @@
 #include "controls/FrmMsgBox.h"
 
+#include <utility>
+
 #include "controls/DialogPlace.h"
 #include "controls/MsgBoxLayout.h"
 #include "controls/PushButton.h"
@@ -140,9 +142,9 @@ std::optional<int> MsgBoxes::Ask(const std::string& text, MsgStyle style, const 
         box.bringToFront();
     }
     box.FocusDefault();
-    ++open_;
+    platform::Window* const below = std::exchange(box_, &box);
     platform::runModal(box, owner);
-    --open_;
+    box_ = below;
     if (box.Answer()) lastAnswer_ = *box.Answer();
     // A question that went with its owner was never answered; an old Yes must not stand in for it.
     return box.Answer() || box.Closed() ? box.Answer() : kMsgNo;
@@ -151,6 +153,10 @@ std::optional<int> MsgBoxes::Ask(const std::string& text, MsgStyle style, const 
 int MsgBoxes::Show(const std::string& text, MsgStyle style, const std::string& title, platform::Window& owner,
                    bool sound) {
     return Ask(text, style, title, owner, sound).value_or(lastAnswer_);
+}
+
+void MsgBoxes::BringToFront() {
+    if (box_ != nullptr) box_->bringToFront();
 }
 
 bool MsgBoxes::Confirm(const std::string& question, const std::string& title, platform::Window& owner, bool sound) {

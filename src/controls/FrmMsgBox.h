@@ -29,7 +29,9 @@ public:
     bool Confirm(const std::string& question, const std::string& title, platform::Window& owner, bool sound);
     int LastAnswer() const { return lastAnswer_; }
     // True while a box waits for its answer: not the time for menus that would lead to another one.
-    bool Showing() const { return open_ > 0; }
+    bool Showing() const { return box_ != nullptr; }
+    // The box that waits, the last one if there are several, gets the keyboard. SetForegroundWindow.
+    void BringToFront();
 
 private:
     // The answer given to this box, whatever was asked while it was open; nullopt when its frame was closed.
@@ -37,7 +39,8 @@ private:
                            platform::Window& owner, bool sound);
 
     int lastAnswer_ = 0;
-    int open_ = 0;  // boxes; a timer may ask while one is open, and so may the user in another window
+    // The box shown last; a timer may ask while one is open, and so may the user in another window.
+    platform::Window* box_ = nullptr;
 };
 
 }  // namespace controls

@@ -153,6 +153,25 @@ TEST_CASE_FIXTURE(Machine, "Started into the notification area, before there is 
     CHECK(sim::openHandles("timer") == 3);
 }
 
+TEST_CASE_FIXTURE(Machine, "What the user holds or has open does not go with the window") {
+    Start();
+    sim::whenModal([&](platform::Window&) {
+        form->show(platform::ShowCommand::Minimize);
+        CHECK(form->visible());  // in the task bar: the icon could not bring it back
+        form->show(platform::ShowCommand::Restore);
+        sim::pressKey(key::kEnter);
+    });
+    ClickButton(app::button::kRemoveFavorites);
+    platform::Window* splitter = sim::findWindow("SplitBar");
+    REQUIRE(splitter);
+    sim::mouseDown(*splitter, {1, 50});
+    sim::closeBox(*form);
+    sim::movePointer({700, 300});
+    sim::mouseUp(*splitter, {1, 50});
+    Exit();
+    CHECK(Stored("Splitter") == "474");
+}
+
 TEST_CASE_FIXTURE(Machine, "The menu of the icon sets favourites and switches Auto Set") {
     PutProfile("Fav.exe\t1\tHigh\tC:\\Apps\\fav.exe\t\r\n");
     const ProcessId favourite = Run("C:\\Apps\\fav.exe");
@@ -178,7 +197,7 @@ TEST_CASE_FIXTURE(Machine, "The menu of the icon sets favourites and switches Au
     ClickButton(app::button::kSetOptions);
     for (const bool ofOptions : {false, true}) {
         int asked = 0;
-        sim::whenModal([&](platform::Window& box) {
+        sim::whenModal([&](platform::Window&) {
             ++asked;
             sim::clearLog();
             for (const TrayEvent event :
@@ -188,7 +207,7 @@ TEST_CASE_FIXTURE(Machine, "The menu of the icon sets favourites and switches Au
             CHECK(Logged("showMenu") == 0);
             CHECK(Logged("beep") == 2);
             CHECK(Logged("bringToFront Kestrum 2") == 2);
-            sim::closeBox(box);
+            sim::pressKey(key::kEscape);  // it has the keyboard still
         });
         if (ofOptions) {
             sim::click(*sim::findWindow("Column Widths"), {6, 6});
