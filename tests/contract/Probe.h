@@ -67,6 +67,7 @@ public:
     bool dragsByPress = false;           // of the left button
     std::function<void(Canvas&)> draws;  // on the white ground
     std::function<void()> keyPressed;
+    KeyEvent lastKey;
     std::vector<std::string> dropped;
 
 protected:
@@ -103,6 +104,7 @@ protected:
         if (event.modifiers.shift) text += "shift ";
         if (event.modifiers.ctrl) text += "ctrl ";
         note(text + number(event.code));
+        lastKey = event;
         if (event.down && keyPressed) keyPressed();
     }
     void onFocus(bool gained) override { note(gained ? "focus" : "blur"); }

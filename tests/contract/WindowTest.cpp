@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "contract/Probe.h"
+#include "platform/Instance.h"
 #include "platform/Timer.h"
 
 using namespace contract;
@@ -192,6 +193,11 @@ TEST_CASE_FIXTURE(Desk, "a modal dialog stands before its owner until it is hidd
     contract::runModal(dialog, main, [&] {
         CHECK(dialog.visible());
         CHECK_FALSE(main.enabled());
+        CHECK(first.focused());
+        main.bringToFront();  // with its dialog, which keeps the keyboard
+        bringWindowToFront(main.native());
+        showNormalAsync(main.native());
+        pumpMessages();
         CHECK(first.focused());
         dialog.show(ShowCommand::Hide);
         CHECK(main.enabled());

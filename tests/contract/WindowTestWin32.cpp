@@ -18,6 +18,14 @@ TEST_CASE_FIXTURE(Desk, "rows between two invalid ones need no paint") {
     CHECK(needed == std::vector<bool>{true, false, false, true});
 }
 
+TEST_CASE_FIXTURE(Desk, "a key that is held down repeats") {
+    std::vector<bool> repeats;
+    b.keyPressed = [&] { repeats.push_back(b.lastKey.repeat); };
+    constexpr LPARAM kWasDown = 0x40000000;
+    for (const LPARAM before : {LPARAM{0}, kWasDown}) SendMessageA(hwndOf(b), WM_KEYDOWN, 'A', before | 1);
+    CHECK(repeats == std::vector<bool>{false, true});
+}
+
 TEST_CASE_FIXTURE(Desk, "a control is brought to the front with the window it is in") {
     Probe above("above", log, asMain());
     above.show(ShowCommand::Show);

@@ -64,11 +64,15 @@ std::uintptr_t parentWindow(std::uintptr_t window) {
 }
 
 void showNormalAsync(std::uintptr_t window) {
-    if (const HWND hwnd = windowOf(window)) ShowWindowAsync(hwnd, SW_SHOWNORMAL);
+    const HWND hwnd = windowOf(window);
+    if (hwnd == nullptr) return;
+    // One with a dialog in front of it is not to take the keyboard from that.
+    const bool behind = !IsWindowEnabled(hwnd) && !IsIconic(hwnd);
+    ShowWindowAsync(hwnd, behind ? SW_SHOWNA : SW_SHOWNORMAL);
 }
 
 void bringWindowToFront(std::uintptr_t window) {
-    if (const HWND hwnd = windowOf(window)) SetForegroundWindow(hwnd);
+    if (const HWND hwnd = windowOf(window)) raise(hwnd);
 }
 
 void sendText(std::uintptr_t window, const std::string& text) {

@@ -38,6 +38,10 @@ void cancelCapture() {
     if (const HWND capturing = GetCapture()) SendMessageA(capturing, WM_CANCELMODE, 0, 0);
 }
 
+void raise(HWND window) {
+    SetForegroundWindow(IsWindowEnabled(window) ? window : GetLastActivePopup(window));
+}
+
 void endModal(WindowData& data) {
     const HWND owner = data.modalOwner;
     data.modalOwner = nullptr;

@@ -192,7 +192,7 @@ WindowState Window::state() const {
 void Window::bringToFront() {
     // Only a top-level window can be in front; asked for a control, Windows refuses. A control that owns an icon in
     // the notification area must be in front for its menu to go away with a click elsewhere.
-    if (native_ != 0 && !isInPopup(hwndOf(*this))) SetForegroundWindow(GetAncestor(hwndOf(*this), GA_ROOT));
+    if (native_ != 0 && !isInPopup(hwndOf(*this))) raise(GetAncestor(hwndOf(*this), GA_ROOT));
 }
 
 void Window::setTopmost(bool topmost) {

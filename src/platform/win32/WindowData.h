@@ -85,6 +85,9 @@ void focusNextTabStop(HWND root, HWND current, bool backwards);
 void endDrag(const WindowData& data);
 // Takes the mouse from the window that captures it: a modal window must get every click.
 void cancelCapture();
+// Brings a top-level window to the front, which may be another program's; a disabled one stays behind its dialog,
+// which comes instead.
+void raise(HWND window);
 // Enables the owner of a modal window again. Must come before the window goes: Windows hands the activation to
 // another program when the owner is still disabled.
 void endModal(WindowData& data);
