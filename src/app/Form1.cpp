@@ -108,6 +108,7 @@ void Form1::LayOut() {
     status_.setBounds(layout.status);
     gauges_.Place(layout.memoryGauge, layout.cpuGauge);
     UpdateStatusLine();
+    invalidate();  // the frames around the lists and gauges are the window's own
     if (wasRunning) slots_.Start(Slot::Process, kRefreshMilliseconds);
 }
 

@@ -31,12 +31,10 @@ Color Halfway(Color a, Color b) {
 }
 
 // A picture stands in place of the check mark: the one of a checked item has to say it itself, as buttons do that
-// are held down.
-void DrawCheckedGround(Canvas& canvas, const Rect& area) {
+// are held down. The frame lies over the picture, which may fill the place.
+Color CheckedGround() {
     const Color menu = platform::systemColor(SysColor::Menu);
-    const Color highlight = platform::systemColor(SysColor::Highlight);
-    canvas.fill(area, Halfway(menu, Halfway(menu, highlight)));
-    canvas.frame(area, highlight);
+    return Halfway(menu, Halfway(menu, platform::systemColor(SysColor::Highlight)));
 }
 
 // Picture number `index` of the artwork, as large as the system wants it and on the menu's own colour: not every
@@ -45,7 +43,8 @@ PictureHandle MakePicture(const PictureHandle& artwork, int index, bool enabled,
     if (!artwork || index < 0) return {};
     const Size size = platform::menuPictureSize();
     return platform::drawPicture(size, platform::systemColor(SysColor::Menu), [&](Canvas& canvas) {
-        if (checked) DrawCheckedGround(canvas, Rect::fromSize({0, 0}, size));
+        const Rect area = Rect::fromSize({0, 0}, size);
+        if (checked) canvas.fill(area, CheckedGround());
         const platform::Point at{(size.width - kArtwork.width) / 2, (size.height - kArtwork.height) / 2};
         const Rect source = Rect::fromSize({index * kArtwork.width, 0}, kArtwork);
         if (enabled) {
@@ -53,6 +52,7 @@ PictureHandle MakePicture(const PictureHandle& artwork, int index, bool enabled,
         } else {
             canvas.disabledPicture(at, artwork, source, kTransparent);
         }
+        if (checked) canvas.frame(area, platform::systemColor(SysColor::Highlight));
     });
 }
 

@@ -30,10 +30,14 @@ TEST_CASE_FIXTURE(Machine, "Position, columns, splitter and sort come back after
     platform::Window* splitter = sim::findWindow("SplitBar");
     REQUIRE(splitter);
     const int from = splitter->bounds().left;
+    sim::paint(*form, true);
     sim::mouseDown(*splitter, {2, 50});
     sim::setPointer(*splitter, {2 - 60, 50});
     CHECK(Processes().bounds().right == from - 60);
     sim::mouseUp(*splitter, {2 - 40, 50});  // the bar moved with the pointer: 40 more
+    // The frames above the lists reach to the bar where it is now.
+    const int frame = Processes().bounds().top - 1;
+    CHECK(sim::pixelAt(*form, {from + 2, frame}) == sim::pixelAt(*form, {100, frame}));
     CHECK(Processes().bounds().right == from - 100);
     for (int times = 0; times < 2; ++times) sim::click(Favorites(), {150, 5});
     form->show(platform::ShowCommand::Maximize);
