@@ -47,7 +47,6 @@ public:
 
 private:
     void ShowLoaded();
-
     void FilterChanged();
 
     Parts parts_;

@@ -59,7 +59,7 @@ public:
     void show(ShowCommand command);  // ShowWindow, SetWindowPlacement
     bool visible() const;            // IsWindowVisible
     WindowState state() const;       // IsIconic, IsZoomed
-    void bringToFront();             // with its dialog if that disabled it; SetForegroundWindow
+    void bringToFront();             // with its dialog if that disabled it; SetForegroundWindow, SetWindowPos
     void setTopmost(bool topmost);   // SetWindowPos
     // A drop shadow behind every window of this one's class and behind the dialogs created with such a window as
     // parent. CS_DROPSHADOW, SetClassLongA (GCL_STYLE).

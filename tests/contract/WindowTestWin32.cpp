@@ -35,6 +35,18 @@ TEST_CASE_FIXTURE(Desk, "a control is brought to the front with the window it is
     CHECK(waitFor([&] { return GetForegroundWindow() == hwndOf(main); }));
 }
 
+TEST_CASE_FIXTURE(Desk, "an active window is brought above what was shown over it") {
+    const Rect bounds = main.bounds();
+    Probe gadget("gadget", log, asGadget(bounds));
+    gadget.show(ShowCommand::ShowInactive);
+    const auto above = [&] {
+        return GetAncestor(WindowFromPoint({(bounds.left + bounds.right) / 2, bounds.bottom - 20}), GA_ROOT);
+    };
+    REQUIRE(waitFor([&] { return above() == hwndOf(gadget); }));
+    main.bringToFront();
+    CHECK(waitFor([&] { return above() == hwndOf(main); }));
+}
+
 TEST_CASE_FIXTURE(Desk, "a capture that was the system's is not reported as lost") {
     SetCapture(hwndOf(a));  // as Windows does while a frame is dragged or a caption button held
     ReleaseCapture();

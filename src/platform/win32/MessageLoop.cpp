@@ -39,7 +39,10 @@ void cancelCapture() {
 }
 
 void raise(HWND window) {
-    SetForegroundWindow(IsWindowEnabled(window) ? window : GetLastActivePopup(window));
+    const HWND target = IsWindowEnabled(window) ? window : GetLastActivePopup(window);
+    SetForegroundWindow(target);
+    // One that was in front already does not rise by that above what was shown over it.
+    SetWindowPos(target, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_ASYNCWINDOWPOS);
 }
 
 void endModal(WindowData& data) {
