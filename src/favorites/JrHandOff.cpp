@@ -1,5 +1,7 @@
 #include "favorites/JrHandOff.h"
 
+#include <algorithm>
+
 #include "favorites/Profiles.h"
 #include "text/Case.h"
 #include "text/Numbers.h"
@@ -10,6 +12,15 @@ namespace favorites {
 namespace {
 
 constexpr char kEnforce[] = "/Enforce";
+
+// A shell puts quotes around what holds blanks, around the profile or around all of it. As on any command line of
+// Windows they only hold together what they enclose, which nothing here depends on. One alone stays, and is
+// refused.
+std::string WithoutQuotes(std::string_view arguments) {
+    std::string text(arguments);
+    if (std::count(text.begin(), text.end(), '"') % 2 == 0) std::erase(text, '"');
+    return text;
+}
 
 // Takes `part`, whatever its letter case, off the front of `text`; what follows must be apart from it.
 bool TakePart(std::string_view& text, const std::string& part) {
@@ -37,7 +48,8 @@ std::string FormatJrTask(const JrTask& task) {
 }
 
 std::optional<JrTask> ParseJrTask(std::string_view arguments) {
-    std::string_view rest = text::Trim(arguments);
+    const std::string unquoted = WithoutQuotes(arguments);
+    std::string_view rest = text::Trim(unquoted);
     JrTask task;
     task.profile = TakeProfile(rest);
     if (task.profile == 0) return std::nullopt;

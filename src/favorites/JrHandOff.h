@@ -22,7 +22,8 @@ struct JrTask {
 
 // "/My Favs 3", or "/My Favs 3 /Enforce 60".
 std::string FormatJrTask(const JrTask& task);
-// Such a text, in any letter case and with blanks around its parts; nullopt for anything else.
+// Such a text, in any letter case, with blanks around its parts and with quotes as a shell adds them; nullopt for
+// anything else.
 std::optional<JrTask> ParseJrTask(std::string_view arguments);
 
 }  // namespace favorites

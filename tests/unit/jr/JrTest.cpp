@@ -77,8 +77,14 @@ TEST_CASE("the command line: both spellings are understood, and nothing else") {
     CHECK(favorites::ParseJrTask(" /My Favs 3") == JrTask{3, 0});
     CHECK(favorites::ParseJrTask(" /My Favs 3 /Enforce 30") == JrTask{3, 30});  // as the run list has it
     CHECK(favorites::ParseJrTask("/my favs 5  /ENFORCE  32767 ") == JrTask{5, 32767});
+    for (const char* quoted : {" \"/My Favs 3\" /Enforce 10", "/\"My Favs 3\" /Enforce 10",
+                               "\"/My Favs 3 /Enforce 10\"", "\"/My Favs 3\" \"/Enforce\" \"10\""}) {
+        CAPTURE(quoted);
+        CHECK(favorites::ParseJrTask(quoted) == JrTask{3, 10});
+    }
     for (const char* profile : {"", "/", "My Favs 1", "/My Favs", "/My Favs 0", "/My Favs 6", "/My Favs 12",
-                                "/My Favs 3x", "/My Favs 3 60", "/My Favs 3/Enforce 60", "/Enforce 60"}) {
+                                "/My Favs 3x", "/My Favs 3 60", "/My Favs 3/Enforce 60", "/Enforce 60",
+                                "\"/My Favs 3", "\"/My Favs 3\"/Enforce 60", "\"\""}) {
         CAPTURE(profile);
         CHECK_FALSE(favorites::ParseJrTask(profile));
     }
