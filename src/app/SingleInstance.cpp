@@ -34,6 +34,7 @@ void WakeOtherCopy() {
 bool SingleInstance::CreateMailbox(platform::Window& main) {
     if (!text1_.createChild(main, "Text1", "", {0, 0, 1, 1}, platform::TabStop::No)) return false;
     text1_.show(platform::ShowCommand::Hide);
+    platform::acceptFromUnelevated(text1_, platform::Request::Text);
     text1_.WakenUp = [this] {
         if (WakenUp) WakenUp();
     };

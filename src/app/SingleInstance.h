@@ -10,7 +10,7 @@ namespace app {
 
 class SingleInstance {
 public:
-    // Another copy was started, has shown this one's window and goes away again.
+    // Another copy was started, has asked for this one's window to be shown and goes away again.
     std::function<void()> WakenUp;
 
     // Makes the mailbox `Text1`, a hidden child of the main window. False when there is no window.

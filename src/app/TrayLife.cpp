@@ -28,12 +28,13 @@ void Form1::ShowMemory() {
     slots_.Start(Slot::Memory, kMemoryMilliseconds);
 }
 
-// Another copy was started and has shown this window. The balloon comes first: it tells what is just happening.
+// Another copy was started. It asks for this window, too, but in vain when only this copy is elevated. The balloon
+// comes first: it tells what is just happening.
 void Form1::WakenUp() {
     if (!started_) return;
     trayIcon_.TrayBalloon("A copy of Kestrum 2 is already running,\r\nand has been restored to the desktop.",
                           kProgramTitle, platform::BalloonIcon::Info);
-    RestoreFromTray(Raise::No);
+    RestoreFromTray(Raise::Yes);
 }
 
 }  // namespace app

@@ -31,6 +31,10 @@ constexpr char kUsage[] =
     "Kestrum_Jr.exe /My Favs 1\r\n"
     "Kestrum_Jr.exe /My Favs 1 /Enforce 60";
 
+constexpr char kRunning[] =
+    "Kestrum Jr. is running already.\r\n"
+    "The menu of its icon changes the profile.";
+
 }  // namespace
 
 JrForm::JrForm() : baseFolder_(favorites::BaseFolder()), access_(errors_), trayIcon_(kTitle) {}
@@ -67,7 +71,9 @@ bool JrForm::CreateFrame() {
     spec.bounds = {0, 0, 1, 1};
     spec.iconResource = controls::kProgramIcon;
     trayIcon_.Notified = [this](platform::TrayEvent event) { Notified(event); };
-    return create(spec) && trayIcon_.Create(*this);
+    if (!create(spec) || !trayIcon_.Create(*this)) return false;
+    platform::acceptFromUnelevated(*this, platform::Request::Close);
+    return true;
 }
 
 // A name of its own: Kestrum Jr. may be started while the main program is still on its way out.
@@ -82,6 +88,8 @@ void JrForm::WaitForOther() {
     if (AloneNow()) {
         Begin();
     } else if (++waits_ == kMostWaits) {
+        timer_.reset();
+        Tell(kRunning);
         End();
     }
 }

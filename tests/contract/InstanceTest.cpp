@@ -26,6 +26,11 @@ TEST_CASE_FIXTURE(Fresh, "a mutex exists for as long as somebody has it open") {
     second.handle.reset();
     CHECK_FALSE(createMutex(name).existed);
     CHECK_FALSE(createMutex(name).existed);  // the one before has closed itself
+
+    holdClosedMutex(name);
+    const CreatedMutex denied = createMutex(name);
+    CHECK_FALSE(denied.handle);
+    CHECK_FALSE(denied.existed);
 }
 
 TEST_CASE_FIXTURE(Desk, "a number on a window, for others to find") {

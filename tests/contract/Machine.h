@@ -34,6 +34,9 @@ std::string scratchFolder();
 // An existing file with the content "old" that can be read, but not written, replaced or deleted.
 std::string sealedFile();
 
+// A named mutex of another program, which denies access to it; there is none after freshMachine.
+void holdClosedMutex(const std::string& name);
+
 // The machine of a test that needs no windows.
 struct Fresh {
     Fresh() { freshMachine(); }

@@ -34,6 +34,10 @@ std::string sealedFile() {
     return "C:\\Sealed\\file.txt";
 }
 
+void holdClosedMutex(const std::string& name) {
+    sim::holdMutex(name, sim::Others::Denied);
+}
+
 Victim::Victim(Load load) : path_("C:\\Scratch\\Victim.exe") {
     sim::Process process;
     process.path = path_;

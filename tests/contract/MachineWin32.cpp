@@ -8,6 +8,7 @@
 #include "platform/Window.h"
 #include "platform/win32/RegistryKey.h"
 
+#include <sddl.h>
 #include <shellapi.h>
 
 namespace contract {
@@ -21,9 +22,15 @@ HANDLE& sealingHandle() {
     return handle;
 }
 
+HANDLE& closedMutex() {
+    static HANDLE handle = nullptr;
+    return handle;
+}
+
 }  // namespace
 
 void freshMachine() {
+    if (closedMutex() != nullptr) CloseHandle(std::exchange(closedMutex(), nullptr));
     if (sealingHandle() != INVALID_HANDLE_VALUE) CloseHandle(std::exchange(sealingHandle(), INVALID_HANDLE_VALUE));
     RegDeleteKeyA(HKEY_CURRENT_USER, kSectionKey.c_str());
     platform::deleteRunEntry(kRunEntry);
@@ -68,6 +75,14 @@ std::string sealedFile() {
     // is no obstacle to an administrator everywhere.
     sealingHandle() = CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
     return path;
+}
+
+void holdClosedMutex(const std::string& name) {
+    SECURITY_ATTRIBUTES nobody{sizeof nobody, nullptr, FALSE};
+    ConvertStringSecurityDescriptorToSecurityDescriptorA("D:", SDDL_REVISION_1, &nobody.lpSecurityDescriptor,
+                                                         nullptr);
+    closedMutex() = CreateMutexA(&nobody, TRUE, name.c_str());
+    LocalFree(nobody.lpSecurityDescriptor);
 }
 
 Victim::Victim(Load load) : path_(platform::programPath()) {

@@ -25,6 +25,7 @@ void MutexTag::close(std::uintptr_t raw) noexcept {
 CreatedMutex createMutex(const std::string& name) {
     sim::note("createMutex", name);
     const auto [found, fresh] = machine().mutexes.try_emplace(name);
+    if (found->second.deniesAccess) return {};
     ++found->second.handles;
     return {MutexHandle(machine().mutexHandles.add(name)), !fresh};
 }
@@ -32,6 +33,10 @@ CreatedMutex createMutex(const std::string& name) {
 void releaseMutex(const MutexHandle& mutex) {
     const std::string* name = machine().mutexHandles.find(mutex.raw());
     if (name != nullptr) sim::note("releaseMutex", *name);
+}
+
+void acceptFromUnelevated(const Window& window, Request request) {
+    if (const WindowPointer record = findRecord(window.native())) record->acceptedFromUnelevated.insert(request);
 }
 
 // Names of properties compare without regard to case, as the system keeps them as atoms.
@@ -70,7 +75,7 @@ std::uintptr_t parentWindow(std::uintptr_t window) {
 
 void showNormalAsync(std::uintptr_t window) {
     const WindowPointer record = findRecord(window);
-    if (!record) return;
+    if (!record || machine().elevated) return;
     sim::note("showNormalAsync", record->title);
     machine().desktop.showRequests.push_back(window);
 }
@@ -84,13 +89,23 @@ void bringWindowToFront(std::uintptr_t window) {
 
 void sendText(std::uintptr_t window, const std::string& text) {
     const WindowPointer record = findRecord(window);
-    if (!record) return;
+    if (!record || !sim::accepts(*record, Request::Text)) return;
     sim::note("sendText", text);
     sim::setTitle(record, text);
 }
 
-void sim::holdMutex(const std::string& name) {
-    machine().mutexes[name].heldElsewhere = true;
+bool sim::accepts(const WindowRecord& record, Request request) {
+    return !machine().elevated || record.acceptedFromUnelevated.contains(request);
+}
+
+void sim::holdMutex(const std::string& name, Others others) {
+    NamedMutex& mutex = machine().mutexes[name];
+    mutex.heldElsewhere = true;
+    mutex.deniesAccess = others == Others::Denied;
+}
+
+void sim::setElevated(bool elevated) {
+    machine().elevated = elevated;
 }
 
 }  // namespace platform

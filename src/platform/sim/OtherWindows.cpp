@@ -75,6 +75,8 @@ std::uintptr_t findWindow(const std::string& className, const std::string& capti
 
 void postClose(std::uintptr_t window) {
     sim::note("postClose", std::to_string(window));
+    const WindowPointer record = sim::findRecord(window);
+    if (record && !sim::accepts(*record, Request::Close)) return;
     machine().desktop.closesPosted.push_back(window);
     machine().desktop.closeRequests.push_back(window);
 }

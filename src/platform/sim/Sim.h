@@ -131,7 +131,11 @@ void trayEvent(TrayEvent event);  // the user at the first icon of the notificat
 bool hasDropShadow(const Window& window);
 
 // ---- other programs ----
-void holdMutex(const std::string& name);  // another program made it, and keeps it
+enum class Others { Allowed, Denied };
+void holdMutex(const std::string& name, Others others = Others::Allowed);  // another program made it, and keeps it
+// The program runs as administrator and other programs do not: from now on showNormalAsync, sendText and postClose
+// are theirs, and refused by windows that do not accept them.
+void setElevated(bool elevated);
 // A top-level window of another program, above all others; gives its number. topLevelWindowNumbers lists it.
 std::uintptr_t addOtherWindow(const WindowFacts& facts);
 void setLocalBias(int minutes);              // 0 at first

@@ -75,6 +75,7 @@ void sendBoxFocusLost(const WindowPointer& box);
 void paintBox(const WindowRecord& box, Canvas& canvas, const Rect& dirty);
 
 bool hasShadow(const WindowRecord& record);
+bool accepts(const WindowRecord& record, Request request);  // from another program
 
 void sendTimer(std::uintptr_t window, int id);
 void sendSize(const WindowPointer& record);

@@ -17,6 +17,7 @@
 #include <variant>
 #include <vector>
 
+#include "platform/Instance.h"
 #include "platform/Machine.h"
 #include "platform/sim/Sim.h"
 
@@ -97,6 +98,7 @@ struct Figures {
 struct NamedMutex {
     int handles = 0;
     bool heldElsewhere = false;  // another program has a handle too
+    bool deniesAccess = false;   // to this program
 };
 
 struct FileEntry {
@@ -172,6 +174,7 @@ struct WindowRecord {
     std::uintptr_t height = 0;  // top-level: above those with a lower one, as far as both are topmost or not
     Translucency translucency;
     bool acceptsFiles = false;
+    std::set<Request> acceptedFromUnelevated;
     bool destroying = false;
     bool textBox = false;       // its object is a TextBox
     Selection selection;        // of a text box
@@ -230,6 +233,7 @@ struct Machine {
     ProcessTable processes;
     Figures figures;
     std::string commandLine;
+    bool elevated = false;  // the program's windows refuse what other programs ask
     std::map<std::string, NamedMutex> mutexes;
     HandleTable<std::string> mutexHandles;  // the mutex's name
     Disk disk;

@@ -1,6 +1,8 @@
 #include "platform/Instance.h"
 
 #include "platform/Window.h"
+#include "platform/win32/OpenToUser.h"
+#include "platform/win32/SystemLibrary.h"
 #include "platform/win32/Win32.h"
 #include "platform/win32/WindowData.h"
 
@@ -30,13 +32,22 @@ void MutexTag::close(std::uintptr_t raw) noexcept {
 }
 
 CreatedMutex createMutex(const std::string& name) {
-    const HANDLE handle = CreateMutexA(nullptr, TRUE, name.c_str());
+    OpenToUser access;
+    const HANDLE handle = CreateMutexA(access.attributes(), TRUE, name.c_str());
     const bool existed = handle != nullptr && GetLastError() == ERROR_ALREADY_EXISTS;
     return {MutexHandle(reinterpret_cast<std::uintptr_t>(handle)), existed};
 }
 
 void releaseMutex(const MutexHandle& mutex) {
     if (mutex) ReleaseMutex(reinterpret_cast<HANDLE>(mutex.raw()));
+}
+
+void acceptFromUnelevated(const Window& window, Request request) {
+    constexpr DWORD kAllow = 1;  // MSGFLT_ALLOW
+    using ChangeFilter = BOOL(WINAPI*)(HWND, UINT, DWORD, void*);
+    static const auto change = systemFunction<ChangeFilter>("user32.dll", "ChangeWindowMessageFilterEx");
+    if (change == nullptr || !window.exists()) return;
+    change(hwndOf(window), request == Request::Text ? WM_SETTEXT : WM_CLOSE, kAllow, nullptr);
 }
 
 bool setWindowProperty(const Window& window, const std::string& name, std::uintptr_t value) {
@@ -72,7 +83,12 @@ void showNormalAsync(std::uintptr_t window) {
 }
 
 void bringWindowToFront(std::uintptr_t window) {
-    if (const HWND hwnd = windowOf(window)) raise(hwnd);
+    const HWND hwnd = windowOf(window);
+    if (hwnd == nullptr) return;
+    DWORD process = 0;
+    GetWindowThreadProcessId(hwnd, &process);
+    AllowSetForegroundWindow(process);
+    raise(hwnd);
 }
 
 void sendText(std::uintptr_t window, const std::string& text) {

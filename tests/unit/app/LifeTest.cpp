@@ -78,12 +78,21 @@ TEST_CASE_FIXTURE(Machine, "A second copy wakes the first one and leaves no trac
     CHECK(balloon.text == "A copy of Kestrum 2 is already running,\r\nand has been restored to the desktop.");
     CHECK(balloon.icon == platform::BalloonIcon::Info);
 
+    // One that runs as administrator accepts nothing but the word, and shows itself.
+    sim::closeBox(*form);
+    sim::setElevated(true);
+    CHECK(app::Form1().Start() == app::Form1::StartResult::Duplicate);
+    sim::run(0);
+    CHECK(form->visible());
+    CHECK(sim::balloons().size() == 3);
+    sim::setElevated(false);
+
     // Any other text is not meant for this program.
     const std::uintptr_t number = platform::windowProperty(form->native(), "Kestrum_2");
     REQUIRE(number != 0);
     platform::sendText(number, "wakeup");
     platform::sendText(number, std::string(70'000, 'x'));
-    CHECK(sim::balloons().size() == 2);
+    CHECK(sim::balloons().size() == 3);
 }
 
 TEST_CASE_FIXTURE(Machine, "A second copy that finds nobody to wake ends as quietly") {
