@@ -78,14 +78,16 @@ def option_captions(table):
     return re.findall(r'^ *\{Option::\w+,[^"]*"\w+", "([^"]+)"', table, flags=re.M)
 
 
-def check_help(text, captions):
-    """Findings of the help page: what it would fetch from elsewhere, and options it does not tell of."""
+def check_help(text, captions, version):
+    """Findings of the help page: what it would fetch from elsewhere, options it does not tell of, another version."""
     name, found = "assets/Help.htm", []
     for number, line in enumerate(text.split("\n"), 1):
         if re.search(r"https?:|\bsrc\s*=\s*(?![\"']data:)|url\(|@import|<link|<script", line, flags=re.I):
             found.append(f"{name}:{number}: refers to something outside itself")
     words = " ".join(html.unescape(re.sub(r"<style.*?</style>|<[^>]*>", "", text, flags=re.S)).split())
     found += [f"{name}:1: nothing about the option '{caption}'" for caption in captions if caption not in words]
+    if f"Version {version} " not in words:
+        found.append(f"{name}:1: is not of version {version}")
     anchors = set(re.findall(r'\bid="([^"]*)"', text))
     return found + [f"{name}:1: no section '{target}'" for target in re.findall(r'href="#([^"]*)"', text)
                     if target not in anchors]
@@ -133,7 +135,8 @@ def check_all():
         for name in files(folder, endings):
             found += check_paths(name, read(name))
     captions = option_captions(read("src/settings/OptionsTable.cpp"))
-    found += check_help(read("assets/Help.htm"), captions) if captions else ["src/settings: no options found"]
+    version = re.search(r"^project\(.* VERSION ([\d.]+)", read("CMakeLists.txt"), re.M).group(1)
+    found += check_help(read("assets/Help.htm"), captions, version) if captions else ["src/settings: no options found"]
     found += check_headers([n for n in sources if n.endswith(".h")])
     return found + check_format()
 
@@ -160,11 +163,11 @@ def self_test():
     captions = option_captions('  {Option::A, kMisc, 0, 0, kCheck, "A", "Show &", kNoKey, kNone,\n   "Tip", "Text"},\n'
                                '  {Option::B, kBelow, -1, -1, kButton, "B", "Stay", kNoKey, kNone,')
     assert captions == ["Show &", "Stay"], captions
-    page = '<b>Show\n&amp;</b> Stay <a href="#a" id="a"><img src="data:image/png;base64,aa">'
-    assert check_help(page, captions) == [], "a good help page caught"
+    page = 'Version 2.1 <b>Show\n&amp;</b> Stay <a href="#a" id="a"><img src="data:image/png;base64,aa">'
+    assert check_help(page, captions, "2.1") == [], "a good help page caught"
     for bad in (page + '<img src="a.png">', page + "<a href='http://a'>", page.replace("Stay", "<i id='Stay'>"),
-                page.replace("#a", "#b")):
-        assert len(check_help(bad, captions)) == 1, f"not caught: {bad}"
+                page.replace("#a", "#b"), page.replace("2.1", "2.10")):
+        assert len(check_help(bad, captions, "2.1")) == 1, f"not caught: {bad}"
     with tempfile.NamedTemporaryFile("w", suffix=".h", dir=os.path.join(ROOT, "build")) as header:
         header.write("std::string Lost();\n")
         header.flush()

@@ -224,10 +224,10 @@ void Form1::FinishEdits() {
 
 void Form1::ViewHelp() {
     const std::string path = baseFolder_ + "Help.htm";
-    if (platform::fileExists(path)) {
-        platform::openDocument(*this, path);
-    } else {
+    if (!platform::fileExists(path)) {
         messages_.Tell("Help file (Help.htm) is missing.");
+    } else if (!platform::openDocument(*this, path)) {
+        messages_.Tell("Help file (Help.htm) could not be opened.\r\nIt needs a program that opens .htm files.");
     }
 }
 

@@ -109,7 +109,7 @@ TEST_CASE_FIXTURE(Desk, "A question that is closed or goes was not answered with
     }
 }
 
-TEST_CASE_FIXTURE(Machine, "Help opens its file, or a message that holds the refresh says that it is missing") {
+TEST_CASE_FIXTURE(Machine, "Help opens its file, or a message that holds the refresh says why not") {
     Start();
     Tick(5);
     sim::whenModal([&](platform::Window&) {
@@ -124,4 +124,9 @@ TEST_CASE_FIXTURE(Machine, "Help opens its file, or a message that holds the ref
     sim::putFile("C:\\Kestrum\\Help.htm", "<html>");
     ClickButton(app::button::kViewHelp);
     CHECK(sim::openedDocuments() == std::vector<std::string>{"C:\\Kestrum\\Help.htm"});
+    sim::setShellRunning(false);
+    Answer(key::kEnter);
+    ClickButton(app::button::kViewHelp);
+    CHECK(told == std::vector<std::string>{"Kestrum - Info\nHelp file (Help.htm) could not be opened.\n"
+                                           "It needs a program that opens .htm files."});
 }
