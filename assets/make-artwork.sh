@@ -95,6 +95,12 @@ icon kestrum_jr.ico kestrum_jr16:16 kestrum_jr20:20 kestrum_jr24:24 kestrum_jr48
 icon defaulticon.ico defaulticon16:16 defaulticon32:32
 icon filter.ico filtericon16:16
 
+# The side of the installer's last page: the falcon on a board.
+render kestrum48 96
+rsvg-convert svg/setup.svg -o "$work/setup.png"
+convert "$work/setup.png" "$work/kestrum48-96.png" -geometry +34+48 -composite -alpha off -type TrueColor -strip \
+    BMP3:setup.bmp
+
 # The help page carries its pictures inside: <img id="SOURCE" width="SIZE" ... src="...">.
 for image in kestrum48:48 tool03-browse:24 tool04-remove:24 tool05-setnow:24 tool06-autoset:24 tool07-enforce:24 \
     tool10-help:24 tool11-ontop:24; do

@@ -1,6 +1,6 @@
 ; The installer: for the user who runs it, without administrator rights. make.sh passes DIST (the folder that holds
-; win64 and win32), ICON, VERSION and OUTPUT. Switches when run: /S asks nothing, /D=FOLDER installs there; the
-; uninstaller also takes /PURGE, which removes profiles and settings without asking.
+; win64 and win32), ICON, PICTURE (of the last page), VERSION and OUTPUT. Switches when run: /S asks nothing,
+; /D=FOLDER installs there; the uninstaller also takes /PURGE, which removes profiles and settings without asking.
 Unicode true
 !include MUI2.nsh
 !include LogicLib.nsh
@@ -13,12 +13,13 @@ Unicode true
 !define UNINSTALL "Software\Microsoft\Windows\CurrentVersion\Uninstall\Kestrum2"
 
 Name "${NAME}"
+BrandingText "${NAME}, version ${VERSION}"
 OutFile "${OUTPUT}"
 RequestExecutionLevel user
 ManifestSupportedOS all
 SetCompressor /SOLID lzma
 SetDateSave off  ; the same programs give the same installer
-InstallDir "$LOCALAPPDATA\Programs\${NAME}"
+InstallDir "$LOCALAPPDATA\Programs\Kestrum2"  ; without a blank: the start entry names it without quotes
 InstallDirRegKey HKCU "${UNINSTALL}" "InstallLocation"  ; where an earlier version is
 
 VIProductVersion "${VERSION}.0"
@@ -31,6 +32,7 @@ VIAddVersionKey "ProductVersion" "${VERSION}.0"
 
 !define MUI_ICON "${ICON}"
 !define MUI_UNICON "${ICON}"
+!define MUI_WELCOMEFINISHPAGE_BITMAP "${PICTURE}"
 !define MUI_FINISHPAGE_RUN "$INSTDIR\Kestrum2.exe"
 !define MUI_FINISHPAGE_NOAUTOCLOSE
 !insertmacro MUI_PAGE_DIRECTORY
@@ -107,5 +109,6 @@ Section "Uninstall"
   purge:
     Call un.DeleteLeftovers
   kept:
+    Call un.DeleteCache
     RMDir "$INSTDIR"  ; stays unless it is empty
 SectionEnd

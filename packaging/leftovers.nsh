@@ -1,4 +1,4 @@
-; What the programs leave behind: start entries, and what is the user's (profiles, filter, pictures, settings).
+; What the programs leave behind: start entries, pictures, and what is the user's (profiles, filter, settings).
 
 !define RUN "Software\Microsoft\Windows\CurrentVersion\Run"
 
@@ -56,13 +56,17 @@ Function un.DeleteLeftovers
     ${Next}
     Delete "$INSTDIR\FileFilter"
     Delete "$INSTDIR\FileFilter.new"
+    DeleteRegKey HKCU "Software\Morvell\Kestrum2"
+    DeleteRegKey /ifempty HKCU "Software\Morvell"
+    Pop $0
+FunctionEnd
+
+; Pictures are made anew from the programs they are of: they go in any case.
+Function un.DeleteCache
     Push "$INSTDIR\Cache\Filters"
     Call un.DeletePictures
     Push "$INSTDIR\Cache"
     Call un.DeletePictures
-    DeleteRegKey HKCU "Software\Morvell\Kestrum2"
-    DeleteRegKey /ifempty HKCU "Software\Morvell"
-    Pop $0
 FunctionEnd
 
 !macroend

@@ -38,6 +38,6 @@ for kind in win64 win32; do
 done
 
 package=$packages/Kestrum2-$version-setup.exe
-makensis -V2 -WX -DDIST="$PWD/dist" -DICON="$PWD/assets/kestrum2.ico" -DVERSION="$version" -DOUTPUT="$package" \
-    packaging/kestrum2.nsi
+makensis -V2 -WX -DDIST="$PWD/dist" -DICON="$PWD/assets/kestrum2.ico" -DPICTURE="$PWD/assets/setup.bmp" \
+    -DVERSION="$version" -DOUTPUT="$package" packaging/kestrum2.nsi
 echo "$package"

@@ -20,9 +20,9 @@ exec 3>&1
 
 user=$(echo "$WINEPREFIX"/drive_c/users/*/AppData)
 user=${user%/AppData}
-folder=$user/AppData/Local/Programs/'Kestrum 2'
+folder=$user/AppData/Local/Programs/Kestrum2
 link=$user/'AppData/Roaming/Microsoft/Windows/Start Menu/Programs/Kestrum 2.lnk'
-windows_folder="C:\\users\\${user##*/}\\AppData\\Local\\Programs\\Kestrum 2"
+windows_folder="C:\\users\\${user##*/}\\AppData\\Local\\Programs\\Kestrum2"
 run='HKCU\Software\Microsoft\Windows\CurrentVersion\Run'
 entry='HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\Kestrum2'
 settings='HKCU\Software\Morvell\Kestrum2'
@@ -84,7 +84,7 @@ filter=$folder/FileFilter
 picture=$folder/Cache/notepad.exe.bmp
 filter_picture=$folder/Cache/Filters/player.exe.bmp
 strangers=("$folder/My Favs 1.txt" "$folder/My Favs 6" "$folder/Cache/notes.bmp2")
-mine() { cksum "$profile" "$filter" "$picture" "$filter_picture" 2>&1; }
+mine() { cksum "$profile" "$filter" "$@" 2>&1; }
 
 install
 check "the start menu has it" test -f "$link"
@@ -99,21 +99,26 @@ convert -size 16x16 xc:red BMP3:"$picture"
 cp "$picture" "$filter_picture"
 for file in "${strangers[@]}"; do echo mine >"$file"; done
 before=$(mine)
+all_before=$(mine "$picture" "$filter_picture")
 
 start
 echo "old" >"$folder/Help.htm"
 install  # over the running programs
-check "an upgrade keeps what is the user's" test "$(mine)" = "$before"
+check "an upgrade keeps what is the user's, and pictures" \
+    test "$(mine "$picture" "$filter_picture")" = "$all_before"
 
 start
 uninstall
 check "what is the user's is kept" test "$(mine)" = "$before"
 check "the settings are kept" in_registry "$settings" AutoSet
+for file in "$picture" "$filter_picture" "$folder/Cache/Filters"; do
+    check "${file##*/} is removed: it can be made anew" test ! -e "$file"
+done
 
 install
 set_value "$run" Kestrum2 "$windows_folder\\Kestrum2.exe"
 uninstall /PURGE
-for file in "$profile" "$filter" "$picture" "$filter_picture" "$folder/Cache/Filters"; do
+for file in "$profile" "$filter"; do
     check "${file##*/} is removed when asked for" test ! -e "$file"
 done
 check "the settings are removed when asked for" no in_registry "$settings"
