@@ -103,12 +103,19 @@ std::string OwnFolder() {
 }
 
 std::string ReadWholeFile(const std::string& path) {
+    constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    HANDLE file = INVALID_HANDLE_VALUE;
+    WaitFor([&] {
+        file = CreateFileA(path.c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING, 0, nullptr);
+        return file != INVALID_HANDLE_VALUE || GetLastError() != ERROR_SHARING_VIOLATION;
+    });
     std::string content;
-    if (std::FILE* file = std::fopen(path.c_str(), "rb")) {
-        char buffer[4096];
-        while (const std::size_t count = std::fread(buffer, 1, sizeof buffer, file)) content.append(buffer, count);
-        std::fclose(file);
+    if (file == INVALID_HANDLE_VALUE) return content;
+    char buffer[4096];
+    for (DWORD count = 0; ReadFile(file, buffer, sizeof buffer, &count, nullptr) && count > 0;) {
+        content.append(buffer, count);
     }
+    CloseHandle(file);
     return content;
 }
 
@@ -132,9 +139,7 @@ std::map<std::string, std::size_t> FileSizes(const std::string& folder) {
 }
 
 bool FileBecomes(const std::string& path, const std::string& content) {
-    const std::size_t split = path.rfind('\\') + 1;
-    return WaitFor([&] { return FileSizes(path.substr(0, split))[path.substr(split)] == content.size(); }) &&
-           ReadWholeFile(path) == content;
+    return WaitFor([&] { return ReadWholeFile(path) == content; });
 }
 
 std::optional<std::string> ReadSetting(const std::string& key) {
@@ -365,11 +370,11 @@ std::string TextOf(HWND window) {
 
 HWND WaitForDialog(const char* caption) {
     HWND dialog = nullptr;
-    WaitFor([&] {
+    const bool shown = WaitFor([&] {
         dialog = FindWindowA("#32770", caption);
         return dialog != nullptr && IsWindowVisible(dialog);
     });
-    return dialog;
+    return shown ? dialog : nullptr;
 }
 
 void ParkPointer() {

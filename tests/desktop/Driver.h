@@ -28,12 +28,14 @@ std::string& ProductFolder();
 // The folder of this program, with a trailing "\".
 std::string OwnFolder();
 
+// Empty when there is no such file. Nobody who replaces it meanwhile is hindered, and it is tried again while they
+// do.
 std::string ReadWholeFile(const std::string& path);
 void WriteWholeFile(const std::string& path, const std::string& content);
-// Names and sizes of a folder's files. Opens none of them: an open file can't be replaced.
+// Names and sizes of a folder's files.
 std::map<std::string, std::size_t> FileSizes(const std::string& folder);
 
-// Waits until the file has that content, looking at its size until that is right: see FileSizes.
+// Waits until the file has that content.
 bool FileBecomes(const std::string& path, const std::string& content);
 
 // The program's settings section. Read gives nullopt for a missing value.
@@ -52,6 +54,8 @@ public:
 
     DWORD Id() const { return info_.dwProcessId; }
     bool Running() const;
+    // Waits until it has nothing to do: by then it is listed by whoever looks at its path.
+    void WaitUntilIdle() const { WaitForInputIdle(info_.hProcess, kBound); }
     bool WaitForEnd() const;  // false when it goes on past the bound
     void Kill();              // and its icon in the notification area
     DWORD_PTR Affinity() const;
@@ -108,6 +112,7 @@ void ClickIn(HWND window, Point at);
 void TypeIn(HWND box, const std::string& text);
 std::string TextOf(HWND window);
 // A message box or dialog that is shown.
+// Null when none is shown within the bound.
 HWND WaitForDialog(const char* caption);
 // Puts the pointer where it hovers over nothing.
 void ParkPointer();

@@ -64,8 +64,6 @@ TEST_CASE("profile: a program that is killed leaves it whole") {
     }
     Session session(installation);
     REQUIRE(session.Started());
-    CHECK(WaitFor(rewritten));
-    CHECK(ReadWholeFile(installation.ProfilePath()) == kept);
-    CHECK(session.Favorites().HasText(0));
-    CHECK_FALSE(session.Favorites().HasText(1));
+    CHECK(FileBecomes(installation.ProfilePath(), kept));
+    CHECK(WaitFor([&] { return session.Favorites().HasText(0) && !session.Favorites().HasText(1); }));
 }

@@ -26,22 +26,17 @@ int SelectedRow(HWND menu) {
     return -1;
 }
 
-// A menu is on the screen a little before it listens, so the key is pressed until the menu shows that it was seen.
-bool SelectNextItem(HWND menu) {
-    const int before = SelectedRow(menu);
-    for (int attempt = 0; attempt < 10; ++attempt) {
-        PressKey(VK_DOWN);
-        if (WaitFor([&] { return SelectedRow(menu) != before; }, 1000)) return true;
-    }
-    return false;
-}
-
-// `selected` is the item that is selected already, -1 for none.
-bool SelectItem(HWND menu, int selected, int item) {
-    for (int i = selected; i < item; ++i) {
-        if (!SelectNextItem(menu)) return false;
-    }
-    return true;
+// Keys that select an item, and one of the menu inside it. They are posted: a menu is on the screen a little before
+// it listens. They begin with the first item, so that they may be repeated.
+void PressKeysFor(HWND menu, int item, std::optional<int> inner) {
+    const auto down = [menu](int times) {
+        while (times-- > 0) PressKeyIn(menu, VK_DOWN);
+    };
+    PressKeyIn(menu, VK_HOME);
+    down(item);
+    if (!inner) return;
+    PressKeyIn(menu, VK_RIGHT);  // it opens with its first item selected
+    down(*inner);
 }
 
 }  // namespace
@@ -49,19 +44,20 @@ bool SelectItem(HWND menu, int selected, int item) {
 bool SelectInMenu(const std::function<void(int aside)>& open, int item, std::optional<int> inner) {
     if (!Repeat(open, [] { return Menu() != nullptr; })) return false;
     const HWND menu = Menu();
-    if (!SelectItem(menu, -1, item)) return false;
-    if (inner) {
-        PressKey(VK_RIGHT);
-        if (!WaitFor([&] { return Menu() != menu && SelectedRow(Menu()) >= 0; })) return false;
-        if (!SelectItem(Menu(), 0, *inner)) return false;  // it opens with its first item selected
-    }
-    return true;
+    PressKeysFor(menu, item, inner);
+    return WaitFor([&] { return (!inner || Menu() != menu) && SelectedRow(Menu()) >= 0; });
 }
 
 bool ChooseInMenu(const std::function<void(int aside)>& open, int item, std::optional<int> inner) {
-    if (!SelectInMenu(open, item, inner)) return false;
-    PressKey(VK_RETURN);
-    return WaitFor([] { return Menu() == nullptr; });
+    if (!Repeat(open, [] { return Menu() != nullptr; })) return false;
+    // Once more when a late click has opened it anew.
+    return Repeat(
+        [&](int) {
+            const HWND menu = Menu();
+            PressKeysFor(menu, item, inner);
+            PressKeyIn(menu, VK_RETURN);
+        },
+        [] { return Menu() == nullptr; });
 }
 
 }  // namespace desktop

@@ -26,7 +26,7 @@ TEST_CASE("processes: several are changed at once, and ended after a question") 
             session.ClickToolBar1(kApplyChanges);
         },
         changed));
-    REQUIRE(session.Processes().Selected(1));
+    REQUIRE(WaitFor([&] { return session.Processes().Selected(0) && session.Processes().Selected(1); }));
 
     PressKeyIn(session.Processes().Window(), VK_DELETE);
     const HWND question = WaitForDialog("Kestrum - Info");
@@ -67,6 +67,7 @@ TEST_CASE("processes: filtered, hidden, shown again; dragged to the favourites")
         },
         {(target.left + target.right) / 2, (target.top + target.bottom) / 2},
         [&] { return session.Favorites().HasText(0); }));
-    CHECK(ReadWholeFile(installation.ProfilePath()).find("\\Aab.exe\t") != std::string::npos);
+    CHECK(WaitFor(
+        [&] { return ReadWholeFile(installation.ProfilePath()).find("\\Aab.exe\t") != std::string::npos; }));
     CHECK(session.End());
 }

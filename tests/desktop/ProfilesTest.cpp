@@ -82,7 +82,7 @@ TEST_CASE("favourites: copied and moved to other profiles, one of which Kestrum 
         CHECK(ReadWholeFile(installation.ProfilePath()) == kProfileHeader + moved + kept);
         CHECK(ChooseInMenu(menu, kMoveTo, 2));
         CHECK(FileBecomes(installation.ProfilePath(), kProfileHeader + kept));
-        CHECK(ReadWholeFile(installation.ProfilePath(3)) == kProfileHeader + kept + moved);
+        CHECK(FileBecomes(installation.ProfilePath(3), kProfileHeader + kept + moved));
 
         REQUIRE(ChooseInMenu([&](int) { session.ClickToolBar1(kKestrumJr); }, 2));
         const HWND question = WaitForDialog("Launch Kestrum Jr?");

@@ -26,10 +26,12 @@ private:
     std::string folder_;
 };
 
-// Two programs that stand first in the list of processes.
+// Two programs that stand first in the list of processes of a program that is started after them.
 struct FirstTwo {
     explicit FirstTwo(const Installation& installation)
-        : first(installation.AddProgram("Aaa.exe")), second(installation.AddProgram("Aab.exe")) {}
+        : first(installation.AddProgram("Aaa.exe")), second(installation.AddProgram("Aab.exe")) {
+        for (const Process* each : {&first, &second}) each->WaitUntilIdle();
+    }
     Process first, second;
 };
 

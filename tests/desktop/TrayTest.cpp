@@ -79,11 +79,10 @@ TEST_CASE("notification area: the window goes there and comes back; only Exit en
 
         ShowWindow(session.Main(), SW_MINIMIZE);
         REQUIRE(WaitFor([&] { return !IsWindowVisible(session.Main()); }));
-        CHECK(Repeat([](int) { DoubleClickTray(); }, [&] { return Shown(session.Main()); }));
-
-        bounds = ScreenRect(session.Main());
+        bounds = {40, 30, 1000, 510};
+        CHECK(Repeat([](int) { DoubleClickTray(); },
+                     [&] { return Shown(session.Main()) && ScreenRect(session.Main()) == bounds; }));
         processList = ScreenRect(session.Processes().Window());
-        CHECK(bounds == Rect{40, 30, 1000, 510});
         session.ClickCloseBox();
         REQUIRE(WaitFor([&] { return !IsWindowVisible(session.Main()); }));
         CHECK(ChooseInTray(kExitItem));

@@ -252,13 +252,18 @@ private:
         const std::vector<std::string> lines = state.Lines(ProfileName(profile_));
         const int count = static_cast<int>(lines.size());
         const auto isFilled = [&] { return !list.HasText(count) && (count == 0 || list.HasText(count - 1)); };
-        if (!WaitFor(isFilled)) return Fails("not so many favourites are shown as there are");
-        for (int slot = 0; slot < count; ++slot) {
-            const std::string& line = lines[static_cast<std::size_t>(slot)];
-            const std::string name = line.substr(0, line.find('\t'));
-            if (!looks_.Shows(list, slot, name)) return Fails("another favourite is shown in place of " + name);
-        }
-        return true;
+        // The first that is not shown in its place; empty when there is none.
+        const auto missing = [&] {
+            for (int slot = 0; slot < count; ++slot) {
+                const std::string& line = lines[static_cast<std::size_t>(slot)];
+                std::string name = line.substr(0, line.find('\t'));
+                if (!looks_.Shows(list, slot, name)) return name;
+            }
+            return std::string();
+        };
+        if (WaitFor([&] { return isFilled() && missing().empty(); })) return true;
+        if (!isFilled()) return Fails("not so many favourites are shown as there are");
+        return Fails("another favourite is shown in place of " + missing());
     }
 
     desktop::Installation installation_;
