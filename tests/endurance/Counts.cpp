@@ -11,6 +11,7 @@ namespace endurance {
 
 namespace {
 
+constexpr std::uintptr_t kHighestHandle = 0x4000;
 constexpr std::size_t kGdiEntries = 0x10000;
 constexpr std::size_t kGdiEntryBytes = 24;
 constexpr std::size_t kGdiOwner = 8;  // its process, but for the lowest bit; 0 where each process has its own table
@@ -20,7 +21,7 @@ constexpr std::uintptr_t kGdiTableInBlock = 0xF8;  // of the process environment
 class OpenedProcess {
 public:
     explicit OpenedProcess(DWORD id)
-        : handle_(OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, id)) {}
+        : handle_(OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ | PROCESS_DUP_HANDLE, FALSE, id)) {}
     ~OpenedProcess() { CloseHandle(handle_); }
     OpenedProcess(const OpenedProcess&) = delete;
     OpenedProcess& operator=(const OpenedProcess&) = delete;
@@ -35,19 +36,19 @@ private:
     HANDLE handle_;
 };
 
-int KernelHandles(DWORD id) {
-    std::vector<std::uint8_t> table(1 << 20);
-    ULONG length = 0;
-    if (NtQuerySystemInformation(SystemProcessInformation, table.data(), static_cast<ULONG>(table.size()),
-                                 &length) < 0)
-        return -1;
-    for (std::size_t at = 0;;) {
-        const auto* entry = reinterpret_cast<const SYSTEM_PROCESS_INFORMATION*>(table.data() + at);
-        if (reinterpret_cast<std::uintptr_t>(entry->UniqueProcessId) == id)
-            return static_cast<int>(entry->HandleCount);
-        if (entry->NextEntryOffset == 0) return -1;
-        at += entry->NextEntryOffset;
+// Each possible one is asked for: what Wine's table of processes calls their number is the room there is for them.
+int KernelHandles(const OpenedProcess& process) {
+    if (process.Get() == nullptr) return -1;
+    int count = 0;
+    for (std::uintptr_t handle = 4; handle < kHighestHandle; handle += 4) {
+        HANDLE copy = nullptr;
+        if (!DuplicateHandle(process.Get(), reinterpret_cast<HANDLE>(handle), GetCurrentProcess(), &copy, 0, FALSE,
+                             DUPLICATE_SAME_ACCESS))
+            continue;
+        CloseHandle(copy);
+        ++count;
     }
+    return count;
 }
 
 int GdiObjects(const OpenedProcess& process, DWORD id) {
@@ -106,7 +107,7 @@ int PrivateKilobytes(const OpenedProcess& process) {
 
 Counts CountsOf(const desktop::Process& process) {
     const OpenedProcess opened(process.Id());
-    return {KernelHandles(process.Id()), GdiObjects(opened, process.Id()), Windows(process.Id()),
+    return {KernelHandles(opened), GdiObjects(opened, process.Id()), Windows(process.Id()),
             PrivateKilobytes(opened)};
 }
 

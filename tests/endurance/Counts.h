@@ -8,7 +8,7 @@
 namespace endurance {
 
 struct Counts {
-    int kernelHandles = -1;     // as the table of processes has it; -1 as all of these: not to be had
+    int kernelHandles = -1;     // open ones, below a few thousand; -1 as all of these: not to be had
     int gdiObjects = -1;        // used entries of its table of them
     int windows = -1;           // top-level, message-only and child windows
     int privateKilobytes = -1;  // memory of its own
