@@ -72,7 +72,7 @@ bool JrForm::CreateFrame() {
     spec.iconResource = controls::kProgramIcon;
     trayIcon_.Notified = [this](platform::TrayEvent event) { Notified(event); };
     if (!create(spec) || !trayIcon_.Create(*this)) return false;
-    platform::acceptFromUnelevated(*this, platform::Request::Close);
+    platform::acceptFromUnelevated(*this, platform::Request::Close);  // of Kestrum 2, when that takes over
     return true;
 }
 
