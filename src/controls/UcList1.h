@@ -219,8 +219,6 @@ private:
 
     bool focused_ = false;
     std::bitset<256> keysDown_;  // by code, of the keys that went down here
-    bool shiftHeld_ = false;
-    bool ctrlHeld_ = false;
     int anchorRow_ = -1;
     int currentRow_ = -1;
     bool refilling_ = false;        // cleared, and not yet shown with rows again

@@ -138,10 +138,10 @@ void UcList1::RightDown(Point at) {
 
 void UcList1::PressItem(const UcListHit& hit, const MouseEvent& event) {
     if (hit.column < 0 || hit.row >= ListCount()) return;
-    if (shiftHeld_ || event.modifiers.shift) {
+    if (event.modifiers.shift) {
         const int anchor = anchorRow_ < 0 ? std::max(0, CurrentRow()) : anchorRow_;
         model_.SelectRange(anchor, hit.row);
-    } else if (ctrlHeld_ || event.modifiers.ctrl) {
+    } else if (event.modifiers.ctrl) {
         model_.SelectItem(hit.row, !model_.Selected(hit.row));
     } else {
         if (model_.Selected(hit.row)) selectedBefore_ = model_.SelectedRows();

@@ -18,25 +18,19 @@ void UcList1::onKey(const platform::KeyEvent& event) {
     const bool ours = keysDown_.test(number);
     keysDown_.reset(number);
     const bool isModifier = event.code == key::kShift || event.code == key::kCtrl;
-    const bool held = shiftHeld_ || ctrlHeld_ || event.modifiers.shift || event.modifiers.ctrl;
-    if (event.code == key::kShift) shiftHeld_ = false;
-    if (event.code == key::kCtrl) ctrlHeld_ = false;
+    const bool held = event.modifiers.shift || event.modifiers.ctrl;
     if (ours && !held && !isModifier && KeyClick) KeyClick(event.code);
 }
 
 void UcList1::onFocus(bool gained) {
     focused_ = gained;
-    if (!gained) shiftHeld_ = ctrlHeld_ = false;
     keysDown_.reset();
     ReDraw();
 }
 
 void UcList1::KeyDown(const platform::KeyEvent& event) {
-    if (event.code == key::kShift) shiftHeld_ = true;
-    if (event.code == key::kCtrl) ctrlHeld_ = true;
-    const bool shift = shiftHeld_ || event.modifiers.shift;
-    const bool ctrl = ctrlHeld_ || event.modifiers.ctrl;
-    if (event.modifiers.alt) return;
+    const auto [shift, ctrl, alt] = event.modifiers;
+    if (alt) return;
     int target = 0;
     if (ctrl && SelectionCommand(event.code)) {
         ReDraw();

@@ -7,6 +7,9 @@
 
 namespace platform {
 
+// Which of these keys are down at the moment of an event. Their own presses and releases count: a press of Shift
+// has `shift` set, its release has not. Nobody need remember them: one that is let go while a menu is open is told
+// to no window.
 struct Modifiers {
     bool shift = false;
     bool ctrl = false;

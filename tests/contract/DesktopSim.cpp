@@ -19,7 +19,7 @@ void dragOnScreen(Window& window, Point at, Point delta) {
 }
 
 void moveKey(std::uint16_t code, bool down) {
-    down ? sim::holdKey(code) : sim::releaseKey(code);
+    down ? sim::keyDown(code) : sim::keyUp(code);
 }
 
 void changeSystemColors(Window&) {

@@ -138,11 +138,26 @@ TEST_CASE_FIXTURE(Desk, "a window is told that the pointer comes, moves and leav
     a.releaseCapture();
 }
 
-TEST_CASE_FIXTURE(Desk, "a key is down from its press until it is let go, whoever has the focus") {
-    CHECK_FALSE(keyDown(key::kShift));
-    contract::moveKey(key::kShift, true);
-    CHECK(waitFor([] { return keyDown(key::kShift); }));
-    CHECK_FALSE(keyDown(key::kCtrl));
-    contract::moveKey(key::kShift, false);
-    CHECK(waitFor([] { return !keyDown(key::kShift); }));
+TEST_CASE_FIXTURE(Desk,
+                  "a key is down from its press until it is let go, whoever has the focus, and events say so") {
+    a.focus();
+    for (const auto& [code, name] : {std::pair{key::kShift, "shift"}, std::pair{key::kCtrl, "ctrl"}}) {
+        CAPTURE(name);
+        const std::string number = contract::number(code);
+        const auto hears = [&](const std::string& event) { return waitFor([&] { return has(log, event); }); };
+        CHECK_FALSE(keyDown(code));
+        contract::moveKey(code, true);
+        CHECK(waitFor([code = code] { return keyDown(code); }));
+        CHECK_FALSE(keyDown(key::kAlt));
+        CHECK(hears(std::string("a key ") + name + " " + number));
+        CHECK(handUntil(contract::clickOnScreen, b, {5, 6},
+                        [&] { return has(log, std::string("b down left ") + name + " held 5,6"); }));
+        contract::moveKey(code, false);
+        CHECK(waitFor([code = code] { return !keyDown(code); }));
+        CHECK(hears("a keyup " + number));
+        log.clear();
+        CHECK(handUntil(contract::clickOnScreen, b, {5, 6}, [&] { return has(log, "b up left 5,6"); }));
+        CHECK(has(log, "b down left held 5,6"));
+        log.clear();
+    }
 }

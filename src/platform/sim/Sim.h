@@ -100,9 +100,9 @@ void wheel(Window& window, Point at, int delta);
 void keyDown(std::uint16_t code, Modifiers modifiers = {});  // to the focused window; Tab moves the focus
 void keyUp(std::uint16_t code, Modifiers modifiers = {});
 void pressKey(std::uint16_t code, Modifiers modifiers = {});  // down and up
-// A key is down for keyDown of Keys.h, whichever program has the focus; no window is told, and events have the
-// modifiers that they are sent with. Otherwise a key is down from keyDown to keyUp, and those of the modifiers
-// while the event is told.
+// A key is down for keyDown of Keys.h, whichever program has the focus; no window is told. Otherwise a key is down
+// from keyDown to keyUp, and modifiers that an event is sent with while it is told. Every event has the modifiers
+// that are down.
 void holdKey(std::uint16_t code);
 void releaseKey(std::uint16_t code);
 // The user drags the window of the next dragAsByCaption that far, for half a second, and lets the button go;

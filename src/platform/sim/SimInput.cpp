@@ -9,6 +9,13 @@ namespace platform::sim {
 
 namespace {
 
+// The modifiers an event has: those it is sent with, and those that are held down.
+Modifiers withHeld(Modifiers sent) {
+    const auto& held = machine().desktop.heldKeys;
+    return {sent.shift || held.contains(key::kShift), sent.ctrl || held.contains(key::kCtrl),
+            sent.alt || held.contains(key::kAlt)};
+}
+
 // The keys that come with an event are down while it is told.
 class HeldModifiers {
 public:
@@ -72,7 +79,8 @@ void leaveHovered() {
     if (left && left->object != nullptr) WindowAccess::mouseLeave(*left->object);
 }
 
-void sendMouse(std::uintptr_t native, Point at, MouseAction action, MouseButton button, Modifiers modifiers) {
+void sendMouse(std::uintptr_t native, Point at, MouseAction action, MouseButton button, Modifiers sent) {
+    const Modifiers modifiers = withHeld(sent);
     const Target target = aim(native, at);
     Desktop& desktop = machine().desktop;
     const bool taken = button == MouseButton::Left && std::exchange(desktop.dragTookButton, false);
@@ -86,13 +94,14 @@ void sendMouse(std::uintptr_t native, Point at, MouseAction action, MouseButton 
     if (action == MouseAction::Up) leaveHovered();
 }
 
-void sendKey(bool down, std::uint16_t code, Modifiers modifiers) {
+void sendKey(bool down, std::uint16_t code, Modifiers sent) {
     const bool repeat = down && machine().desktop.heldKeys.contains(code);
     if (down) {
         holdKey(code);
     } else {
         releaseKey(code);
     }
+    const Modifiers modifiers = withHeld(sent);
     const HeldModifiers held(modifiers);
     const WindowPointer record = findRecord(machine().desktop.focus);
     if (!record || !takesInput(*record) || record->object == nullptr) return;
@@ -148,7 +157,7 @@ void setPointer(Window& window, Point at) {
     if (!target.window || target.window->object == nullptr) return;
     if (desktop.underPointer == target.window->native) desktop.hovered = target.window->native;
     WindowAccess::mouse(*target.window->object,
-                        {MouseAction::Move, MouseButton::None, target.at, {}, desktop.leftHeld});
+                        {MouseAction::Move, MouseButton::None, target.at, withHeld({}), desktop.leftHeld});
 }
 
 void mouseDown(Window& window, Point at, MouseButton button, Modifiers modifiers) {
@@ -199,7 +208,7 @@ void doubleClick(Window& window, Point at) {
 
 void wheel(Window& window, Point at, int delta) {
     const Target target = aim(window.native(), at);
-    if (target.window) WindowAccess::wheel(*target.window->object, {delta, target.at, {}});
+    if (target.window) WindowAccess::wheel(*target.window->object, {delta, target.at, withHeld({})});
 }
 
 void keyDown(std::uint16_t code, Modifiers modifiers) {
