@@ -151,6 +151,8 @@ bool Form1::CreateLists() {
     processList_.ReadProperties(ListProperties(kProcessHeader, kProcessColumns, kProcessColumns - 1));
     favoritesControl_.ReadProperties(ListProperties(favorites::kFavoritesHeader, favorites::kFavoritesColumnCount,
                                                     favorites::kFavoritesColumnMaxSeen));
+    processList_.SetKeyColumn(kPidColumn);
+    favoritesControl_.SetKeyColumn(favorites::kColPath);
     favoritesControl_.acceptFiles(true);
     return paramEditor_.Create();
 }

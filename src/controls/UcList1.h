@@ -56,6 +56,10 @@ public:
     void SetList(int row, int column, std::string_view text);
     int ListCount() const { return model_.ListCount(); }
 
+    // The column (0..ColumnCount()-1) whose text tells which item a row is, whatever else changes about it. Until
+    // it is set, and when there is no such column, all cells together do.
+    void SetKeyColumn(int column) { keyColumn_ = column; }
+
     // ---- selection; the caller redraws ----
     bool Selected(int row) const { return model_.Selected(row); }
     void SelectItem(int row, bool state) { model_.SelectItem(row, state); }
@@ -158,7 +162,6 @@ protected:
     void onSystemColors() override;
 
 private:
-    std::string RowTextAt(platform::Point at);
     // What the held left button is doing.
     enum class Drag { None, Item, HeaderCell, ColumnWidth, Bar };
 
@@ -176,6 +179,8 @@ private:
     void KeepCurrentItem(Reorder reorder);
 
     // UcList1Input.cpp: mouse and timers
+    std::string ItemAt(platform::Point at) const;
+    bool Ignores(const platform::MouseEvent& event);
     void LeftDown(const platform::MouseEvent& event);
     void LeftUp(platform::Point at);
     void RightDown(platform::Point at);
@@ -214,6 +219,7 @@ private:
     int offset_ = 0;  // horizontal scroll offset
     bool repaintPending_ = false;
     int columnIndex_ = 0;
+    int keyColumn_ = -1;
     int headerSelected_ = 0;
     bool headerSortDir_ = false;
 
@@ -225,6 +231,7 @@ private:
     bool followSelection_ = false;  // the current row was selected when the list was cleared
 
     Drag drag_ = Drag::None;
+    platform::MouseButton ignoredButton_ = platform::MouseButton::None;  // its last press was for no row of now
     int dragZone_ = 0;
     int dragColumn_ = -1;
     int grabOffset_ = 0;

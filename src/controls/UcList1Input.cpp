@@ -36,12 +36,7 @@ void UcList1::onMouse(const MouseEvent& event) {
         pvOnMouseMove(event);
         return;
     }
-    if (pressed && !focused()) {
-        // Who loses the focus may change the rows. Then the press was for one that is elsewhere now.
-        const std::string row = RowTextAt(event.at);
-        focus();
-        if (RowTextAt(event.at) != row) return;
-    }
+    if (Ignores(event)) return;
     const platform::Size client = clientSize();
     const bool inside = platform::Rect{0, 0, client.width, client.height}.contains(event.at);
     switch (event.button) {
@@ -69,13 +64,23 @@ void UcList1::onMouse(const MouseEvent& event) {
     }
 }
 
-// The cells of the row at a point; empty where there is none.
-std::string UcList1::RowTextAt(Point at) {
+// What tells the item at a point from all others; empty where there is none.
+std::string UcList1::ItemAt(Point at) const {
     const UcListHit hit = HitTest(Layout(), at);
-    std::string text;
-    if (hit.zone != kZoneItems || hit.row >= ListCount()) return text;
-    for (int column = 0; column < ColumnCount(); ++column) text += CellText(hit.row, column) + '\t';
-    return text;
+    return hit.zone == kZoneItems ? List(hit.row, keyColumn_ < ColumnCount() ? keyColumn_ : -1) : std::string();
+}
+
+// A press gives the list the focus, and who loses it may change the rows. Then the press was for an item that is
+// elsewhere now: nobody is told of it, and neither of its release nor of a second press that makes it a double
+// click.
+bool UcList1::Ignores(const MouseEvent& event) {
+    if (event.action == MouseAction::Down) ignoredButton_ = MouseButton::None;
+    if (event.action != MouseAction::Up && !focused()) {
+        const std::string item = ItemAt(event.at);
+        focus();
+        if (ItemAt(event.at) != item) ignoredButton_ = event.button;
+    }
+    return event.button == ignoredButton_;
 }
 
 // ---- press and release ----

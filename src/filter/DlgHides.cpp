@@ -71,6 +71,7 @@ bool DlgHides::CreateList(const Rect& bounds) {
     properties.columnCount = 2;
     properties.columnMaxSeen = 1;
     ucFilter_.ReadProperties(properties);
+    ucFilter_.SetKeyColumn(kNameColumn);
     ucFilter_.DrawIcon = [this](platform::Canvas& canvas, platform::Point at, int row) {
         const auto& icon = parts_.filter.Icons().At(text::ToInt32(ucFilter_.CellText(row, kIndexColumn)) + 1);
         constexpr int kSize = storage::IconCache::kIconSize;

@@ -168,14 +168,27 @@ TEST_CASE_FIXTURE(Desk, "A press that ends the editing of a parameter is not for
     Store("FavColSort", "4");
     Start();
     REQUIRE(Favorites().CellText(0, 0) == "B.exe");
-    const platform::Point second{40, Favorites().HeaderHeight() + 26};
-    SelectFavorites({0});
-    Favorites().focus();
-    sim::pressKey(key::kF2);
-    sim::typeText("zzz");
-    sim::click(Favorites(), second);
-    REQUIRE(Favorites().CellText(1, 0) == "C.exe");
-    CHECK_FALSE(Favorites().Selected(1));
-    sim::click(Favorites(), second);
-    CHECK(Favorites().Selected(1));
+    const platform::Point first{40, Favorites().HeaderHeight() + 9}, second{40, Favorites().HeaderHeight() + 26};
+    const auto edit = [this](const char* param) {
+        SelectFavorites({0});
+        Favorites().focus();
+        sim::pressKey(key::kF2);
+        sim::typeText(param);
+    };
+    const auto top = [this] { return Favorites().CellText(0, 0); };
+    edit("!");  // which leaves it where it is: the press is for it
+    sim::click(Favorites(), first, platform::MouseButton::Left, {false, true, false});
+    REQUIRE(top() == "B.exe");
+    CHECK_FALSE(Favorites().Selected(0));
+
+    edit("zzz");  // others come under the pointer, and neither menu nor double click is for them
+    sim::click(Favorites(), second, platform::MouseButton::Right);
+    REQUIRE(top() == "A.exe");
+    CHECK(Logged("showMenu") == 0);
+    edit("zzzz");
+    sim::doubleClick(Favorites(), first);
+    REQUIRE(top() == "C.exe");
+    CHECK_FALSE(Favorites().Selected(0));
+    sim::click(Favorites(), first);
+    CHECK(Favorites().Selected(0));
 }
