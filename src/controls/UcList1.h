@@ -235,6 +235,10 @@ private:
     int dragZone_ = 0;
     int dragColumn_ = -1;
     int grabOffset_ = 0;
+    struct {
+        int start = 0;     // first pixel of the thumb
+        int position = 0;  // top index or horizontal offset
+    } grabbed_;
     platform::Point lastPoint_;
     // What was selected before the press that may begin a drag: pressing one of several selected rows selects it
     // alone, but dragging it takes all of them along.

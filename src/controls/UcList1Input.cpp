@@ -71,8 +71,7 @@ std::string UcList1::ItemAt(Point at) const {
 }
 
 // A press gives the list the focus, and who loses it may change the rows. Then the press was for an item that is
-// elsewhere now: nobody is told of it, and neither of its release nor of a second press that makes it a double
-// click.
+// elsewhere now: nobody is told of it, of its release, or of a second press that makes it a double click.
 bool UcList1::Ignores(const MouseEvent& event) {
     if (event.action == MouseAction::Down) ignoredButton_ = MouseButton::None;
     if (event.action != MouseAction::Up && !focused()) {
@@ -189,8 +188,10 @@ void UcList1::PressBar(int zone, Point at) {
     const UcListLayout& layout = Layout();
     if (zone == kZoneVerticalThumb) {
         grabOffset_ = at.y - layout.vertical.part[kThumb].top;
+        grabbed_ = {at.y - grabOffset_, layout.topIndex};
     } else if (zone == kZoneHorizontalThumb) {
         grabOffset_ = at.x - layout.horizontal.part[kThumb].left;
+        grabbed_ = {at.x - grabOffset_, layout.offset};
     } else {
         repeatsToEnd_ = TowardsEnd(zone, at);
         StepBar(zone, at);
@@ -284,12 +285,16 @@ void UcList1::DragWidth(Point at) {
     SetHeaderWidth(dragColumn_, std::max(at.x + grabOffset_, UcListModel::kMinColumnWidth));
 }
 
+// Where it was grabbed a thumb stands for what was shown then: a pixel may stand for several positions.
 void UcList1::DragThumb(Point at) {
     const UcListLayout& layout = Layout();
+    const auto positionAt = [&](int start, auto calculate) {
+        return start == grabbed_.start ? grabbed_.position : calculate(layout, start);
+    };
     if (dragZone_ == kZoneVerticalThumb) {
-        SetTopIndex(TopIndexOfThumb(layout, at.y - grabOffset_));
+        SetTopIndex(positionAt(at.y - grabOffset_, TopIndexOfThumb));
     } else if (dragZone_ == kZoneHorizontalThumb) {
-        offset_ = OffsetOfThumb(layout, at.x - grabOffset_);
+        offset_ = positionAt(at.x - grabOffset_, OffsetOfThumb);
         ReDraw();
     }
 }

@@ -27,11 +27,12 @@ int ThumbStart(int track, int thumb, int position, int range) {
     return static_cast<int>(static_cast<std::int64_t>(track - thumb) * position / range);
 }
 
-// The other way round, to the nearest step.
+// The other way round: the first step whose thumb starts there. Rounded up as ThumbStart rounds down, so that every
+// step comes back as long as there are no more of them than pixels.
 int StepOf(int start, int way, int range) {
     if (way <= 0) return 0;
     const std::int64_t along = std::clamp(start, 0, way);
-    return static_cast<int>((along * range + way / 2) / way);
+    return static_cast<int>((along * range + way - 1) / way);
 }
 
 // The stretch from `from` to `to` (first pixel behind it) along a bar.

@@ -104,7 +104,7 @@ TEST_CASE("the hit test finds what is painted") {
 }
 
 TEST_CASE("thumbs show the position, lie above their track, and dragging them gives the position back") {
-    for (const int top : {0, 1, 45, 89, 90}) {
+    for (int top = 0; top <= 90; ++top) {
         const UcListLayout layout = LayoutOf({463, 191}, 100, top);
         const auto& part = layout.vertical.part;
         CHECK(part[kThumb].height() >= kUcListMinThumb);
@@ -112,7 +112,7 @@ TEST_CASE("thumbs show the position, lie above their track, and dragging them gi
         CHECK((part[kThumb].top == part[kTrack].top) == (top == 0));
         CHECK((part[kThumb].bottom == part[kTrack].bottom) == (top == 90));
         CHECK(HitTest(layout, part[kThumb].origin()).zone == kZoneVerticalThumb);
-        CHECK(TopIndexOfThumb(layout, part[kThumb].top) == doctest::Approx(top).epsilon(0.02));
+        CHECK(TopIndexOfThumb(layout, part[kThumb].top) == top);
     }
     const UcListLayout layout = LayoutOf({300, 200}, 100, 0, -50);
     CHECK(TopIndexOfThumb(layout, -500) == 0);

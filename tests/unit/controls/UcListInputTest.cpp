@@ -184,6 +184,41 @@ TEST_CASE_FIXTURE(ListFixture, "wheel, tracks and thumbs scroll") {
     CHECK(list.TopIndex() == top);
 }
 
+TEST_CASE_FIXTURE(ListFixture, "a thumb that is held scrolls when it moves, and back when it comes back") {
+    int rows = 0;
+    SUBCASE("with room for each position") {
+        rows = 100;
+    }
+    SUBCASE("with more positions than pixels") {
+        rows = 1000;
+    }
+    Fill(rows);
+    list.setBounds({0, 0, 200, 191});
+    const auto hold = [this](UcListBar UcListLayout::*bar, Point away, auto position) {
+        const auto before = position();
+        const Point thumb = Part(bar, kThumb);
+        sim::mouseDown(list, thumb);
+        sim::setPointer(list, thumb);
+        CHECK(position() == before);
+        sim::setPointer(list, away);
+        CHECK(position() != before);
+        sim::setPointer(list, thumb);
+        CHECK(position() == before);
+        sim::mouseUp(list, thumb);
+    };
+    for (int top = 0; top <= list.Layout().maxTopIndex; ++top) {
+        list.SetTopIndex(top);
+        CAPTURE(top);
+        hold(&UcListLayout::vertical, {0, top == 0 ? 400 : 0}, [this] { return list.TopIndex(); });
+    }
+    list.focus();
+    for (int step = 0; step <= -list.Layout().minOffset / 10; ++step) {
+        CAPTURE(step);
+        hold(&UcListLayout::horizontal, {step == 0 ? 400 : 0, 0}, [this] { return list.Layout().offset; });
+        sim::pressKey(key::kRight);
+    }
+}
+
 TEST_CASE_FIXTURE(ListFixture, "a held track comes to rest, also where a page leaps over the pointer") {
     Fill(100);
     for (int y = 100; y < 140; ++y) {
