@@ -27,8 +27,20 @@ Color OwnOr(Color own, Color asNew, SysColor desktop) {
 bool UcList1::Create(platform::Window& parent, const std::string& instanceName, const platform::Rect& bounds) {
     if (!createChild(parent, "UcList1", instanceName, bounds, platform::TabStop::Yes)) return false;
     if (model_.ColumnCount() == 0) ReadProperties(UcListProperties());
-    ReDraw();
+    Clear();
     return true;
+}
+
+// All that was going on with the window is over; the rows stay to be read.
+void UcList1::onDestroyed() {
+    shown_.Forget();
+    locked_ = repaintPending_ = refilling_ = focused_ = sizingPointer_ = tipRaised_ = false;
+    keysDown_.reset();
+    drag_ = Drag::None;
+    ignoredButton_ = platform::MouseButton::None;
+    selectedBefore_.clear();
+    repeatZone_ = 0;
+    currentRow_ = anchorRow_ = hoverRow_ = dragColumn_ = -1;
 }
 
 void UcList1::Changed(std::string_view key) {
@@ -222,9 +234,9 @@ void UcList1::SetSelectedTopPosition(int rows) {
 
 platform::Rect UcList1::CellRect(int row, int column) const {
     const UcListLayout& layout = Layout();
-    const bool exists = row >= topIndex_ && row < ListCount() && column >= 0 &&
+    const bool exists = row >= layout.topIndex && row < ListCount() && column >= 0 &&
                         static_cast<std::size_t>(column) < layout.columns.size();
-    return exists ? layout.CellRect(row - topIndex_, column).intersect(layout.itemArea) : platform::Rect{};
+    return exists ? layout.CellRect(row - layout.topIndex, column).intersect(layout.itemArea) : platform::Rect{};
 }
 
 int UcList1::VisibleRows() const {
@@ -232,6 +244,7 @@ int UcList1::VisibleRows() const {
 }
 
 void UcList1::onSystemColors() {
+    shown_.Forget();  // edges have colours that are not the list's own
     SetHighlightColor(platform::systemColor(SysColor::Highlight));
     SetHighlightTextColor(platform::systemColor(SysColor::HighlightText));
 }

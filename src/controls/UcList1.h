@@ -20,7 +20,7 @@ namespace controls {
 
 class UcList1 : public platform::Window {
 public:
-    // Creates the control inside `parent`; false when the system refuses. Class name "UcList1".
+    // Creates the control inside `parent`, without rows; false when the system refuses. Class name "UcList1".
     bool Create(platform::Window& parent, const std::string& instanceName, const platform::Rect& bounds);
 
     // ---- events ----
@@ -160,6 +160,7 @@ protected:
     void onCaptureLost() override;
     void onDropFiles(const std::vector<std::string>& paths) override;
     void onSystemColors() override;
+    void onDestroyed() override;
 
 private:
     // What the held left button is doing.

@@ -67,6 +67,7 @@ void UcListPaint::pvDrawLine(Point from, Point to, Color color) {
 void UcListPaint::pvHeaderDraw() {
     const Rect& band = view_.layout.header;
     if (band.empty() || !canvas_.needsPaint(band)) return;
+    const platform::ClipGuard clip(canvas_, band);  // one that is low has no room for all of it
     const Color ground = view_.look.headerBack;
     if (view_.look.headerDrawStyle >= 4) {
         canvas_.gradient(band, Mix(ground, kWhite, 70), ground, platform::Direction::Vertical);

@@ -68,6 +68,10 @@ std::uint64_t BarKey(const UcListView& view, const UcListBar& bar, int firstZone
     return digest.Key();
 }
 
+std::uint64_t CornerKey(const UcListView& view) {
+    return Digest().Add(view.look.bar).Key();
+}
+
 }  // namespace
 
 // State and cells of one visible row. Cells that are never drawn belong to the state: the icon depends on them.
@@ -107,6 +111,7 @@ void UcListShown::Update(const UcListView& view, const std::function<void(const 
     check(header_, HeaderKey(view), layout.header);
     check(vertical_, BarKey(view, layout.vertical, kZoneUp), layout.vertical.area);
     check(horizontal_, BarKey(view, layout.horizontal, kZoneLeft), layout.horizontal.area);
+    check(corner_, CornerKey(view), layout.corner);
 
     const auto show = [&](const Rect& area) {
         const Rect seen = area.intersect(layout.itemArea);
@@ -137,6 +142,7 @@ void UcListShown::Painted(const UcListView& view, const Rect& dirty) {
     if (HeaderKey(view) != header_) header_ = 0;
     if (BarKey(view, layout.vertical, kZoneUp) != vertical_) vertical_ = 0;
     if (BarKey(view, layout.horizontal, kZoneLeft) != horizontal_) horizontal_ = 0;
+    if (CornerKey(view) != corner_) corner_ = 0;
     for (std::size_t slot = 0; slot < rows_.size(); ++slot) {
         Row& known = rows_[slot];
         if (!layout.RowRect(static_cast<int>(slot)).intersects(dirty)) continue;

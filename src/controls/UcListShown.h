@@ -31,6 +31,7 @@ private:
     Key header_ = 0;
     Key vertical_ = 0;
     Key horizontal_ = 0;
+    Key corner_ = 0;
     std::vector<Row> rows_;
     Row scratch_;
 };

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <functional>
 
 #include "platform/sim/SimCanvas.h"
 #include "platform/sim/SimMachine.h"
@@ -39,6 +40,23 @@ void outline(PaintContext& context, const Rect& area, Color topLeft, Color botto
     context.fill({area.left, area.top, area.left + 1, area.bottom}, topLeft);
     context.fill({area.left, area.bottom - 1, area.right, area.bottom}, bottomRight);
     context.fill({area.right - 1, area.top, area.right, area.bottom}, bottomRight);
+}
+
+// Of what was drawn without pixels: 1..126, another one for anything else almost surely.
+Color markOf(const Drawn& drawn) {
+    std::size_t hash = std::hash<std::string>()(drawn.text);
+    for (const std::size_t part :
+         {static_cast<std::size_t>(drawn.color), static_cast<std::size_t>(drawn.font),
+          static_cast<std::size_t>(drawn.format), static_cast<std::size_t>(drawn.object),
+          static_cast<std::size_t>(drawn.area.left), static_cast<std::size_t>(drawn.area.top),
+          static_cast<std::size_t>(drawn.area.right), static_cast<std::size_t>(drawn.area.bottom)}) {
+        hash = (hash ^ part) * 0x100000001B3ULL;
+    }
+    return static_cast<Color>((hash >> 32U) % 126U + 1U);
+}
+
+void markAll(PaintContext& context, const Drawn& drawn) {
+    context.mark(drawn.area, [mark = markOf(drawn)](Color) { return mark; });
 }
 
 unsigned channel(Color color, unsigned shift) {
@@ -166,8 +184,17 @@ void Canvas::edge(const Rect& area, Edge kind) {
     if (kind == Edge::Etched) outline(context, area.inset(1, 1), light, dark);
 }
 
+// A second one in the same place takes the first away.
 void Canvas::focusRect(const Rect& area) {
-    record(contextOf(native_), "focus", area);
+    PaintContext& context = contextOf(native_);
+    if (record(context, "focus", area) == nullptr) return;
+    const Rect inner = area.inset(1, 1);
+    for (const Rect& side :
+         {Rect{area.left, area.top, area.right, inner.top}, Rect{area.left, inner.bottom, area.right, area.bottom},
+          Rect{area.left, inner.top, inner.left, inner.bottom},
+          Rect{inner.right, inner.top, area.right, inner.bottom}}) {
+        context.mark(side, [](Color mark) { return mark ^ 0x80U; });
+    }
 }
 
 void Canvas::text(const Rect& area, std::string_view text, Color color, Font font, unsigned format) {
@@ -176,11 +203,14 @@ void Canvas::text(const Rect& area, std::string_view text, Color color, Font fon
     drawn->text = text;
     drawn->font = font;
     drawn->format = format;
+    markAll(contextOf(native_), *drawn);
 }
 
 void Canvas::icon(Point at, std::uintptr_t icon, int size) {
     Drawn* drawn = record(contextOf(native_), "icon", Rect::fromSize(at, {size, size}));
-    if (drawn != nullptr) drawn->object = icon;
+    if (drawn == nullptr) return;
+    drawn->object = icon;
+    markAll(contextOf(native_), *drawn);
 }
 
 void Canvas::picture(Point at, const PictureHandle& picture, const Rect& source) {
@@ -231,6 +261,7 @@ PictureHandle drawPicture(Size size, Color ground, const std::function<void(Canv
     PaintContext context{picture.size, picture.pixels, drawn, Rect::fromSize({}, size), {}};
     Canvas canvas(&context);
     if (draw) draw(canvas);
+    for (std::uint32_t& pixel : picture.pixels) pixel &= 0xFFFFFFU;  // marks are for windows
     return PictureHandle(machine().pictures.add(std::move(picture)));
 }
 

@@ -170,8 +170,11 @@ struct Drawn {
 std::vector<Drawn> paint(Window& window, bool everything = false);
 constexpr Color kUnpainted = 0xFFFFFFFF;  // a pixel that the paint should have covered and did not
 Color pixelAt(Window& window, Point at);  // what the last paints left; text leaves no pixels
-Rect invalidArea(const Window& window);   // bounding box; empty when nothing needs painting
-std::uint64_t drawCount();                // drawing operations since reset
+// All that the last paints left, row by row, to compare with one another: text, icons and focus rectangles show
+// too.
+std::vector<Color> pixels(const Window& window);
+Rect invalidArea(const Window& window);  // bounding box; empty when nothing needs painting
+std::uint64_t drawCount();               // drawing operations since reset
 // Text is 6 pixels a byte (bold 7) and 13 high.
 
 // What loadPictureResource gives for an id: `pixels` row by row, grey when empty. Other ids give 288 x 24 grey.

@@ -24,6 +24,17 @@ struct PaintContext {
         for (int y = inside.top; y < inside.bottom; ++y)
             std::fill(row(y) + inside.left, row(y) + inside.right, color);
     }
+    // What has no pixels of its own changes the highest byte of those that it covers, which colours leave at 0.
+    template <class Change>
+    void mark(const Rect& area, Change change) {
+        const Rect inside = visible(area);
+        for (int y = inside.top; y < inside.bottom; ++y) {
+            for (int x = inside.left; x < inside.right; ++x) {
+                Color& pixel = row(y)[x];
+                if (pixel != kUnpainted) pixel = (pixel & 0xFFFFFFU) | change(pixel >> 24) << 24;
+            }
+        }
+    }
 };
 
 }  // namespace platform::sim

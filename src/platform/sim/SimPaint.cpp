@@ -101,7 +101,13 @@ std::vector<Drawn> paint(Window& window, bool everything) {
 Color pixelAt(Window& window, Point at) {
     const WindowPointer record = findRecord(window.native());
     if (!record || !Rect::fromSize({}, record->bufferSize).contains(at)) return kUnpainted;
-    return record->buffer[static_cast<std::size_t>(at.y * record->bufferSize.width + at.x)];
+    const Color pixel = record->buffer[static_cast<std::size_t>(at.y * record->bufferSize.width + at.x)];
+    return pixel == kUnpainted ? pixel : pixel & 0xFFFFFFU;
+}
+
+std::vector<Color> pixels(const Window& window) {
+    const WindowPointer record = findRecord(window.native());
+    return record ? record->buffer : std::vector<Color>{};
 }
 
 Rect invalidArea(const Window& window) {

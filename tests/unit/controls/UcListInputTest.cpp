@@ -296,6 +296,11 @@ TEST_CASE_FIXTURE(ListFixture, "TopIndex is clamped, deferred, and exact within 
     list.SetTopIndex(49);
     list.setBounds({0, 0, 470, 21 + 17 * 20});
     CHECK(list.TopIndex() == 39);
+
+    // A list that gets shorter while it is locked: its cells are where they will be shown.
+    list.SetLocked(true);
+    while (list.ListCount() > 30) list.RemoveItem(0);
+    CHECK(list.CellRect(12, 0) == Rect{0, 55, 134, 72});
 }
 
 TEST_CASE_FIXTURE(ListFixture, "a header click sorts, a second one reverses") {

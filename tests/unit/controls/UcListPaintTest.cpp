@@ -173,6 +173,23 @@ TEST_CASE_FIXTURE(PaintedList, "a refill invalidates only what looks different")
     CHECK(list.TopIndex() == 0);
 }
 
+TEST_CASE_FIXTURE(PaintedList, "a list that is created again begins anew") {
+    Fill(40);
+    sim::mouseDown(list, Part(&UcListLayout::vertical, kSecondArrow));  // the repaint for it waits
+    list.SetLocked(true);
+    const Rect bounds = list.bounds();
+    list.destroy();
+    REQUIRE(list.Create(form, "Control1", bounds));
+    CHECK_FALSE(list.Locked());
+    CHECK(list.ListCount() == 0);
+    Fill(40);
+    const auto drawn = sim::drawCount();
+    list.SetTopIndex(7);
+    sim::run(1000);
+    CHECK(list.TopIndex() == 7);
+    CHECK(sim::drawCount() > drawn);
+}
+
 TEST_CASE_FIXTURE(PaintedList, "a paint amid a change is made good afterwards") {
     Fill(100);
     list.focus();
