@@ -190,6 +190,7 @@ void UcList1::ReDraw() {
     topIndex_ = layout.topIndex;
     offset_ = layout.offset;
     shown_.Update({model_, layout, Look()}, [this](const platform::Rect& area) { invalidate(area); });
+    RecheckHover();
 }
 
 void UcList1::onPaint(platform::Canvas& canvas, const platform::Rect& dirty) {

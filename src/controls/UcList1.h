@@ -28,7 +28,9 @@ public:
     std::function<void(int button)> DblClick;          // always 1
     std::function<void(int column)> HeaderClick;       // after sorting
     std::function<void(std::uint16_t code)> KeyClick;  // a key pressed here was released, without Shift or Ctrl
-    std::function<void(int row)> MouseTip;             // display row under the pointer, -1 when it left the rows
+    // The pointer has come over the first column of this display row. -1: it has left the rows, or the row has gone
+    // from under it; the next move tells which one is there then.
+    std::function<void(int row)> MouseTip;
     // Files were dropped here, once the host has called acceptFiles(true).
     std::function<void(const std::vector<std::string>& paths)> FilesDropped;
     std::function<void()> ColumnResized;  // a column has been dragged to its new width
@@ -199,6 +201,7 @@ private:
     void DragThumb(platform::Point at);
     void ShapePointer(bool sizing);
     void HoverAt(platform::Point at);
+    void RecheckHover();
     void EndHover();
 
     // UcList1Keys.cpp
@@ -248,6 +251,7 @@ private:
     bool repeatsToEnd_ = false;  // the pressed track pages towards its end
     bool sizingPointer_ = false;
     int hoverRow_ = -1;
+    std::string hoverItem_;
     bool tipRaised_ = false;
 };
 

@@ -315,6 +315,7 @@ void UcList1::HoverAt(Point at) {
     }
     if (hit.row == hoverRow_) return;
     hoverRow_ = hit.row;
+    hoverItem_ = ItemAt(at);
     tipRaised_ = true;
     startTimer(kHoverTimer, kHoverWatch);
     Raise(MouseTip, hoverRow_);
@@ -327,6 +328,17 @@ void UcList1::EndHover() {
     tipRaised_ = false;
     stopTimer(kHoverTimer);
     Raise(MouseTip, -1);
+}
+
+// The rows may have moved under a pointer at rest.
+void UcList1::RecheckHover() {
+    if (hoverRow_ < 0) return;
+    const UcListHit hit = HitTest(Layout(), lastPoint_);
+    if (hit.column == 0 && ItemAt(lastPoint_) == hoverItem_) {
+        hoverRow_ = hit.row;
+    } else {
+        EndHover();
+    }
 }
 
 void UcList1::onMouseLeave() {

@@ -118,6 +118,16 @@ TEST_CASE_FIXTURE(Desk, "a window is told that the pointer comes, moves and leav
     CHECK(pointerPosition() == a.toScreen({20, 30}));
     CHECK_FALSE(has(log, "b move 20,30"));
     CHECK_FALSE(has(log, "b leave"));  // it was never there
+    Probe over("over", log, asGadget(Rect::fromSize(a.toScreen({0, 0}), {50, 40})));
+    over.setTopmost(true);
+    over.show(ShowCommand::ShowInactive);
+    const auto isUnderPointer = [&](Probe& window) {
+        return handUntil(contract::setPointer, a, {20, 30}, [&] { return window.underPointer(); });
+    };
+    CHECK(isUnderPointer(over));
+    CHECK_FALSE(a.underPointer());
+    over.destroy();
+    CHECK(isUnderPointer(a));
 
     const auto leaves = [&](Probe& from, Probe& to, const std::string& event) {
         log.clear();

@@ -66,6 +66,7 @@ void showNormal(const WindowPointer& window);  // shows, restores and activates 
 void setTitle(const WindowPointer& record, const std::string& text);
 // At a point of the screen a top-level window has nothing that eye or mouse would meet.
 bool isSeenThrough(const WindowRecord& record, Point screen);
+std::uintptr_t windowFromPoint(Point screen);  // the window that is seen there, 0 for none of this program
 // The innermost of the window's children at a point of the screen; the window itself where there is none.
 std::uintptr_t innermostAt(const WindowRecord& record, Point screen);
 

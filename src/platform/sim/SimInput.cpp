@@ -42,14 +42,6 @@ bool canReceive(const WindowRecord& record) {
     return takesInput(record) && record.object != nullptr;
 }
 
-std::uintptr_t windowFromPoint(Point screen) {
-    for (const WindowPointer& window : topLevelsFromTop()) {
-        const bool there = window->shown && window->bounds.contains(screen);
-        if (there && !isSeenThrough(*window, screen)) return innermostAt(*window, screen);
-    }
-    return 0;
-}
-
 Point inClient(const WindowRecord& record, Point screen) {
     const Point origin = clientOrigin(record);
     return {screen.x - origin.x, screen.y - origin.y};
@@ -134,6 +126,14 @@ void sendColors(const WindowPointer& record) {
 }
 
 }  // namespace
+
+std::uintptr_t windowFromPoint(Point screen) {
+    for (const WindowPointer& window : topLevelsFromTop()) {
+        const bool there = window->shown && window->bounds.contains(screen);
+        if (there && !isSeenThrough(*window, screen)) return innermostAt(*window, screen);
+    }
+    return 0;
+}
 
 Window* findWindow(const std::string& title) {
     for (const auto& [native, record] : machine().desktop.windows) {

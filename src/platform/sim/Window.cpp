@@ -311,7 +311,7 @@ void Window::acceptFiles(bool accept) {
 }
 
 bool Window::underPointer() const {
-    return native_ != 0 && machine().desktop.underPointer == native_;
+    return native_ != 0 && sim::windowFromPoint(machine().desktop.pointer) == native_;
 }
 
 }  // namespace platform

@@ -282,6 +282,12 @@ TEST_CASE_FIXTURE(Desk, "Extensions and row tips follow their options, which are
     REQUIRE(sim::tips().size() == 1);
     CHECK(sim::tips()[0].title == "A title");
     CHECK(sim::tips()[0].text == "C:\\Apps\\one.exe\r\nUpTime: 00:00:00:00");
+    sim::findProcess(one)->workingSet *= 2;
+    Tick();
+    CHECK(sim::tips().size() == 1);
+    Run("C:\\Apps\\before.exe");  // which comes above it
+    Tick();
+    CHECK(sim::tips().empty());
     sim::setPointer(Processes(), {300, 300});
     Menu("Show File Info In ToolTip");
     CHECK(Stored("ShowFileTips") == "0");

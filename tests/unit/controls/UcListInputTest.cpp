@@ -358,7 +358,8 @@ TEST_CASE_FIXTURE(ListFixture, "a header edge sizes its column and does not sort
 }
 
 TEST_CASE_FIXTURE(ListFixture, "MouseTip follows the pointer over the first column") {
-    Fill(5);
+    list.SetKeyColumn(3);
+    Window over;
     const Point beside = Cell(2, 1);
     const std::pair<const char*, std::function<void()>> ways[] = {
         {"another column", [&] { sim::setPointer(list, beside); }},
@@ -366,21 +367,36 @@ TEST_CASE_FIXTURE(ListFixture, "MouseTip follows the pointer over the first colu
          [&] {
              sim::setPointer(form, {500, 300});
          }},
-        {"the row is gone, which the watch notices", [&] { list.Clear(); }},
+        {"all rows go", [&] { list.Clear(); }},
+        {"other rows come: the wheel", [&] { sim::wheel(list, Cell(2, 0), -120); }},
+        {"other rows come: they are sorted anew",
+         [&] {
+             list.SortCol(0, false);
+             list.ReDraw();
+         }},
+        {"another window opens over it",
+         [&] {
+             REQUIRE(over.create({WindowKind::Gadget, "Over", "", nullptr, {0, 0, 900, 900}}));
+             over.show(ShowCommand::ShowInactive);
+         }},
     };
     for (const auto& [what, act] : ways) {
         CAPTURE(what);
+        list.Clear();
+        Fill(30);
         sim::setPointer(list, Cell(1, 0));
         sim::setPointer(list, {60, 21 + 17 + 9});
         sim::setPointer(list, Cell(2, 0));
         CHECK(Events() == "MouseTip(1) MouseTip(2) ");
         sim::run(500);
-        CHECK(Events().empty());
+        list.SetList(2, 4, "99");
+        list.RemoveItem(20);
+        CHECK(Events().empty());  // it is still over the same item
         act();
         sim::run(500);
         CHECK(Events() == "MouseTip(-1) ");
     }
-    Fill(5);
+    over.destroy();
     sim::setPointer(list, Cell(2, 0));
     sim::click(list, Cell(2, 0));  // does not leave the tip behind
     Events();
