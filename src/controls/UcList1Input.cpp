@@ -203,14 +203,15 @@ void UcList1::PressBar(int zone, Point at) {
     ReDraw();
 }
 
-// One step of an arrow or of the track at the side of the thumb where the pointer is.
-// Where a press at that point of a track pages to; an arrow always goes its own way.
+// Whether a press of that zone scrolls on: on a track it depends on the side of the thumb, an arrow has its own
+// way.
 bool UcList1::TowardsEnd(int zone, Point at) const {
     if (zone == kZoneVerticalTrack) return at.y >= Layout().vertical.part[kThumb].top;
     if (zone == kZoneHorizontalTrack) return at.x >= Layout().horizontal.part[kThumb].left;
     return zone == kZoneDown || zone == kZoneRight;
 }
 
+// One step of an arrow, or a page of the track towards the point.
 void UcList1::StepBar(int zone, Point at) {
     const int page = std::max(1, Layout().visibleRows);
     switch (zone) {

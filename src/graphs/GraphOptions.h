@@ -19,7 +19,7 @@ struct GraphOptions {
     platform::Color plotColor = 0;
 };
 
-// Damaged values read as described for each key; a colour index outside the table gives black.
+// Damaged values read as Settings reads them; a colour index outside the table gives black.
 GraphOptions LoadGraphOptions(const settings::Settings& settings);
 
 // What Window::setTranslucency takes for a level, whatever the settings hold.

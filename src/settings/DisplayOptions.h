@@ -17,7 +17,7 @@ struct DisplayOptions {
     bool showFileTips = true;        // what a process is about, over its row
 };
 
-// Damaged values read as described for each key; a colour index outside the table gives black.
+// Damaged values read as Settings reads them; a colour index outside the table gives black.
 DisplayOptions LoadDisplayOptions(const Settings& settings);
 
 }  // namespace settings
