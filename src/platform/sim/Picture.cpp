@@ -152,7 +152,7 @@ IconHandle extractIcon(const std::string& path, int size) {
 }
 
 IconHandle loadIconResource(int id, int size) {
-    if (id <= 0 || size <= 0) return {};
+    if (id <= 0 || size <= 0 || machine().iconsFail) return {};
     return openIcon("#" + std::to_string(id), size);
 }
 

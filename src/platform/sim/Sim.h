@@ -195,7 +195,7 @@ struct Balloon {
     std::string title, text;
     BalloonIcon icon = BalloonIcon::None;
 };
-void failIcons(bool fail);        // iconFromPicture gives nothing
+void failIcons(bool fail);        // iconFromPicture and loadIconResource give nothing
 std::vector<Balloon> balloons();  // every balloon since reset
 void setShellRunning(bool running);
 std::vector<std::string> sounds();
