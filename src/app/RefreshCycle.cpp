@@ -82,6 +82,7 @@ void RefreshCycle::FullRebuild() {
         const PausedSlot pause(slots_, Slot::Process, kRefreshMilliseconds);
         rebuildOwed_ = RowsHeld();  // what is about to be done is for the processes selected now
         if (rebuildOwed_) return;
+        watch_.Observe(snapshot_);  // whoever took it: what differs from the list is a change
         const FrozenList frozen(list_);
         SaveSelection();
         list_.Clear();

@@ -15,6 +15,9 @@ void Form1::MinimizeToTray() {
 
 void Form1::RestoreFromTray(Raise raise) {
     inTray_ = false;
+    // What the last tick saw is up to half a second old, and it saw the processes come and go without a look.
+    refresh_.TakeSnapshot();
+    refresh_.ForceRebuild();
     refresh_.FullRebuild();
     if (raise == Raise::Yes) {
         show(platform::ShowCommand::Normal);

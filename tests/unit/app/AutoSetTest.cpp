@@ -86,12 +86,21 @@ TEST_CASE_FIXTURE(GameMachine, "Favourites are set by hotkey, by button, and whe
     CHECK_FALSE(bar.IsChecked(app::button::kEnforce));
 
     Tick(4);
-    const ProcessId game = Run(kGame);
-    HoldKeys({key::kCtrl, key::kShift, 'S'});
-    sim::run(60);  // the next look at the processes is farther away
-    CHECK(ClassOf(game) == kHigh);
-    CHECK(MaskOf(game) == 3);
-    ReleaseKeys({'S'});
+    ProcessId game = 0;
+    for (const bool ends : {true, false}) {
+        game = Run(kGame);
+        HoldKeys({key::kCtrl, key::kShift, 'S'});
+        sim::run(60);  // the next look at the processes is farther away
+        CHECK(ClassOf(game) == kHigh);
+        CHECK(MaskOf(game) == 3);
+        CHECK(RowOf(game) >= 0);
+        ReleaseKeys({'S'});
+        if (!ends) break;
+        sim::endProcess(game);  // before any tick saw it
+        Tick();
+        CHECK(RowOf(game) == -1);
+        Tick(3);
+    }
 
     ClassOf(game) = kNormal;
     MaskOf(game) = 1;

@@ -119,6 +119,7 @@ TEST_CASE_FIXTURE(Machine, "The close box hides the window, and the icon brings 
         form->show(platform::ShowCommand::Maximize);
     }
     const platform::Rect bounds = form->normalBounds();
+    Tick(4);
     sim::closeBox(*form);
     CHECK_FALSE(form->visible());
     CHECK(form->state() == WindowState::Minimized);
@@ -128,7 +129,8 @@ TEST_CASE_FIXTURE(Machine, "The close box hides the window, and the icon brings 
     const ProcessId late = Run("C:\\Apps\\late.exe");
     sim::clearLog();
     Tick(5);
-    CHECK(sim::accessesAsked().empty());  // nobody looks at the list
+    CHECK(sim::accessesAsked().empty());               // nobody looks at the list
+    const ProcessId last = Run("C:\\Apps\\last.exe");  // after the last tick
     sim::trayEvent(TrayEvent::BalloonClicked);
     CHECK(Logged("bringToFront") == 0);  // only a shown window
 
@@ -137,8 +139,13 @@ TEST_CASE_FIXTURE(Machine, "The close box hides the window, and the icon brings 
         CHECK(form->visible());
         CHECK(form->bounds() == bounds);
         CHECK(RowOf(late) >= 0);
+        CHECK(RowOf(last) >= 0);
         CHECK(sim::openHandles("timer") == 3);
     }
+    sim::endProcess(last);
+    sim::endProcess(late);  // which no tick has seen in the window
+    Tick();
+    CHECK(RowOf(late) == -1);
 }
 
 TEST_CASE_FIXTURE(Machine, "Started into the notification area, before there is one") {
