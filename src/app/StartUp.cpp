@@ -59,10 +59,10 @@ Form1::StartResult Form1::Start() {
     trayIcon_.Add_Tray();
     LoadFavorites();
 
+    LoadOptions();
     refresh_.ProcTimer();
     slots_.Stop(Slot::Process);
 
-    LoadOptions();
     RestorePlacement();
     commands_.StartAutoSet();
     ShowFirstTime();

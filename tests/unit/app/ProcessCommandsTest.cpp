@@ -295,8 +295,8 @@ TEST_CASE_FIXTURE(Desk, "Extensions and row tips follow their options, which are
     CHECK(sim::tips().empty());
 
     Exit();
-    Begin();
-    CHECK(Cell(one, 0) == "One");
+    Start();
+    CHECK(Cell(one, 0) == "One");  // from the first moment on
     CHECK_FALSE(form->ToolBar2().IsChecked(app::button2::kFileTips));
 }
 
