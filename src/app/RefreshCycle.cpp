@@ -114,6 +114,7 @@ void RefreshCycle::FastUpdate() {
 void RefreshCycle::AppendProcesses() {
     rows_.Clear();
     const bool hideFiltered = host_.FilterPressed();
+    const bool marks = static_cast<bool>(filterIcon_);  // else a filtered program keeps its own icon
     for (int slot = process::kFirstListedSlot; slot <= snapshot_.Count(); ++slot) {
         if (rows_.Full()) break;
         const platform::ProcessId id = snapshot_.Id(slot);
@@ -124,7 +125,7 @@ void RefreshCycle::AppendProcesses() {
         const bool filtered = filter_.Contains(fileName);
         if (filtered && hideFiltered) continue;
         const int row = rows_.Count();
-        rows_.Add({RowText(fileName, id), id, filtered ? filterIcon_.raw() : icons_.IconOf(path)});
+        rows_.Add({RowText(fileName, id), id, filtered && marks ? filterIcon_.raw() : icons_.IconOf(path)});
         AddRow(row);
     }
 }

@@ -183,8 +183,13 @@ TEST_CASE_FIXTURE(Desk, "The filter hides, marks and shows file names again") {
     CHECK(Told("already in your filter list"));
 
     Exit();
-    Begin();  // filtering is on after a start
+    sim::failIcons(true);  // nor is there a mark
+    Begin();               // filtering is on after a start
     CHECK(RowOf(one) == -1);
+    ClickButton(app::button::kFileFilter);
+    for (const ProcessId each : {one, again, two}) CHECK(RowOf(each) >= 0);
+    ClickButton(app::button::kFileFilter);
+    sim::failIcons(false);
     sim::whenModal([](platform::Window& dialog) {
         sim::click(*sim::findWindow("UcFilter"), {40, 30});
         sim::pressKey(key::kDelete);
