@@ -22,7 +22,7 @@ namespace {
 
 constexpr int kMostSteps = 500;
 constexpr int kMostTimers = 16;
-constexpr int kMostRows = 256;
+constexpr int kMostRows = kMostSteps + 100;  // a step starts one process at most
 
 bool Ended(const Form1& form) {
     return !form.exists() || sim::quitCode() != -1;

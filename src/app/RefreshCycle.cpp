@@ -116,7 +116,6 @@ void RefreshCycle::AppendProcesses() {
     const bool hideFiltered = host_.FilterPressed();
     const bool marks = static_cast<bool>(filterIcon_);  // else a filtered program keeps its own icon
     for (int slot = process::kFirstListedSlot; slot <= snapshot_.Count(); ++slot) {
-        if (rows_.Full()) break;
         const platform::ProcessId id = snapshot_.Id(slot);
         if (id < 1) continue;
         const std::string path = access_.ImagePath(id);
@@ -158,9 +157,9 @@ void RefreshCycle::AddRow(int row) {
 }
 
 process::clsProcessCpuUsage& RefreshCycle::Meter(int row) {
-    auto& meter = meters_[static_cast<std::size_t>(row)];
-    if (!meter) meter = std::make_unique<process::clsProcessCpuUsage>(access_.HighestCpu());
-    return *meter;
+    const auto index = static_cast<std::size_t>(row);
+    if (index >= meters_.size()) meters_.resize(index + 1, process::clsProcessCpuUsage(access_.HighestCpu()));
+    return meters_[index];
 }
 
 void RefreshCycle::SaveSelection() {
@@ -201,7 +200,7 @@ platform::ProcessId RefreshCycle::ProcessOfRow(int displayRow) const {
 }
 
 void RefreshCycle::ReleaseMeters() {
-    for (auto& meter : meters_) meter.reset();
+    meters_.clear();
 }
 
 void RefreshCycle::ReleaseIcons() {

@@ -1,9 +1,7 @@
 // The program's main loop: keeps the process list current and drives Auto Set and Enforce.
 #pragma once
 
-#include <array>
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -127,7 +125,7 @@ private:
     process::ProcessSnapshot snapshot_;
     favorites::ProcessSetWatch watch_;
     process::ProcRecs rows_;
-    std::array<std::unique_ptr<process::clsProcessCpuUsage>, process::kMostRows> meters_;
+    std::vector<process::clsProcessCpuUsage> meters_;  // one for each row index that was ever used
     std::vector<platform::ProcessId> selected_;
     std::string rowText_;
     int sortColumn_ = 0;
