@@ -94,7 +94,7 @@ platform::Size Form1::minimumSize() const {
 
 void Form1::LayOut() {
     const bool wasRunning = slots_.Running(Slot::Process);
-    slots_.Stop(Slot::Process);
+    slots_.Pause(Slot::Process);
     const MainLayout layout = LayOutMain(clientSize(), layouts_.For(maximized_).splitter, parts_);
     toolBar1_.setBounds(layout.toolBar1);
     toolBar2_.setBounds(layout.toolBar2);

@@ -83,6 +83,7 @@ void ProcessCommands::InvertAffinity() {
 
 void ProcessCommands::FileListRefresh() {
     parts_.list.focus();
+    parts_.slots.Retry();
     parts_.refresh.ForceRebuild();
 }
 

@@ -1,5 +1,7 @@
 #include "app/TimerSlots.h"
 
+#include <utility>
+
 namespace app {
 
 void TimerSlots::SetWork(Slot slot, std::function<void()> work) {
@@ -7,26 +9,54 @@ void TimerSlots::SetWork(Slot slot, std::function<void()> work) {
 }
 
 void TimerSlots::Start(Slot slot, std::uint32_t milliseconds) {
-    Stop(slot);
-    At(slot).timer = platform::startTimer(milliseconds, [this](std::uintptr_t id) { Fired(id); });
+    if (ended_) return;
+    Entry& entry = At(slot);
+    entry.period = milliseconds;
+    entry.paused = false;
+    if (entry.timer) Renew(entry);
+    Retry();
+}
+
+void TimerSlots::Pause(Slot slot) {
+    At(slot).paused = true;
 }
 
 void TimerSlots::Stop(Slot slot) {
-    At(slot).timer.reset();
+    Entry& entry = At(slot);
+    entry.timer.reset();
+    entry.period = 0;
+    entry.paused = false;
 }
 
 void TimerSlots::StopAll() {
-    for (Entry& entry : entries_) entry.timer.reset();
+    ended_ = true;
+    for (Entry& entry : entries_) {
+        entry.timer.reset();
+        entry.period = 0;
+    }
 }
 
 bool TimerSlots::Running(Slot slot) const {
-    return static_cast<bool>(entries_[static_cast<std::size_t>(slot)].timer);
+    const Entry& entry = entries_[static_cast<std::size_t>(slot)];
+    return entry.period != 0 && !entry.paused;
+}
+
+void TimerSlots::Retry() {
+    for (Entry& entry : entries_) {
+        if (entry.period != 0 && !entry.timer) Renew(entry);
+    }
+}
+
+void TimerSlots::Renew(Entry& entry) {
+    platform::TimerHandle timer = platform::startTimer(entry.period, [this](std::uintptr_t id) { Fired(id); });
+    if (timer) entry.timer = std::move(timer);
 }
 
 void TimerSlots::Fired(std::uintptr_t id) {
+    Retry();
     for (Entry& entry : entries_) {
         if (entry.timer.raw() != id) continue;
-        if (entry.work) entry.work();
+        if (entry.work && !entry.paused) entry.work();
         return;
     }
 }

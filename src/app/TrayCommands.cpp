@@ -31,6 +31,7 @@ void TrayCommands::TrayIconOff() {
 }
 
 void TrayCommands::Notified(TrayEvent event) {
+    parts_.slots.Retry();
     if (parts_.busy.Raised() || parts_.msgBoxes.Showing()) {
         // A question or a dialog of ours, of whichever window, is open and comes first.
         if (event != TrayEvent::LeftUp && event != TrayEvent::RightUp) return;

@@ -56,6 +56,7 @@ void setCommandLine(const std::string& text);  // what commandLine gives; empty 
 void advance(std::uint32_t milliseconds);  // moves the clock without running anything; loads use processor time
 void run(std::uint32_t milliseconds);  // moves the clock, firing due timers and painting as the message loop would
 std::uint64_t nowMilliseconds();
+void refuseTimers(bool refuse);                             // startTimer gives nothing
 void setPerformanceFrequency(std::int64_t ticksPerSecond);  // 0: no counter
 
 // ---- files, settings ----

@@ -241,6 +241,7 @@ struct Machine {
     std::map<std::string, std::string> runList;                      // bytes by lower-case name
     bool runListRefused = false;                                     // nothing can be written to it
     std::vector<TimerRecord> timers;
+    bool timersRefused = false;
     HandleTable<IconData> icons;
     HandleTable<PictureData> pictures;
     bool iconsFail = false;

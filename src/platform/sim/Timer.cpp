@@ -18,7 +18,7 @@ void TimerTag::close(std::uintptr_t raw) noexcept {
 }
 
 TimerHandle startTimer(std::uint32_t milliseconds, std::function<void(std::uintptr_t id)> fire) {
-    if (!fire) return {};
+    if (!fire || sim::machine().timersRefused) return {};
     sim::note("startTimer", std::to_string(milliseconds));
     sim::TimerRecord timer;
     timer.serial = sim::nextSerial();
@@ -28,6 +28,10 @@ TimerHandle startTimer(std::uint32_t milliseconds, std::function<void(std::uintp
     const std::uintptr_t raw = timer.serial;
     sim::machine().timers.push_back(std::move(timer));
     return TimerHandle(raw);
+}
+
+void sim::refuseTimers(bool refuse) {
+    machine().timersRefused = refuse;
 }
 
 }  // namespace platform

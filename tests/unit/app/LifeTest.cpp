@@ -148,6 +148,32 @@ TEST_CASE_FIXTURE(Machine, "The close box hides the window, and the icon brings 
     CHECK(RowOf(late) == -1);
 }
 
+TEST_CASE_FIXTURE(Machine, "A timer that the system refuses is asked for again") {
+    sim::refuseTimers(true);
+    Start();
+    CHECK(sim::openHandles("timer") == 0);
+    sim::refuseTimers(false);
+    SUBCASE("when the user asks for a look") {
+        Processes().focus();
+        sim::pressKey(key::kF5);
+    }
+    SUBCASE("when the user comes to the icon") {
+        sim::trayEvent(TrayEvent::LeftUp);
+    }
+    CHECK(sim::openHandles("timer") == 3);
+
+    sim::closeBox(*form);
+    sim::refuseTimers(true);
+    sim::trayEvent(TrayEvent::LeftDoubleClick);
+    CHECK(sim::openHandles("timer") == 2);  // those it had go on
+    const ProcessId late = Run("C:\\Apps\\late.exe", 1);
+    Tick(5);
+    CHECK(Cell(late, 4) == "25");
+    sim::refuseTimers(false);
+    Tick();
+    CHECK(sim::openHandles("timer") == 3);
+}
+
 TEST_CASE_FIXTURE(Machine, "Started into the notification area, before there is one") {
     sim::setShellRunning(false);
     Store("MiniMe", "1");

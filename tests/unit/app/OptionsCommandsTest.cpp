@@ -173,8 +173,12 @@ TEST_CASE_FIXTURE(Desk, "Options: all settings forgotten, and the program begins
     Click("Misc");
     std::vector<std::string> documents;
     Answer('Y');
-    SUBCASE("yes") {
-        Answer('Y');
+    SUBCASE("yes, after another start has brought the window back") {
+        sim::whenModal([](platform::Window&) {
+            CHECK(app::Form1().Start() == app::Form1::StartResult::Duplicate);
+            CHECK(sim::openHandles("timer") == 0);
+            sim::pressKey('Y');
+        });
         documents = {"C:\\Kestrum\\Kestrum2.exe"};
     }
     SUBCASE("no") {
