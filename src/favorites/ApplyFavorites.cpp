@@ -8,17 +8,12 @@
 #include "process/ProcessSnapshot.h"
 #include "text/Case.h"
 #include "text/Numbers.h"
-#include "text/Split.h"
 
 namespace favorites {
 
 namespace {
 
 using Instances = std::unordered_map<std::string, std::vector<platform::ProcessId>>;
-
-std::string PathToMatch(const Favorite& favorite) {
-    return text::Lower(text::Trim(favorite.path));
-}
 
 // The processes of each lower-case image path, in snapshot order: every path is read once, however many
 // favourites there are.
@@ -53,7 +48,7 @@ bool ApplyTo(platform::ProcessId id, const Favorite& favorite, process::ProcessA
 }  // namespace
 
 bool SelectFavMatch(const std::string& imagePath, const Favorite& favorite) {
-    return !imagePath.empty() && text::Lower(imagePath) == PathToMatch(favorite);
+    return !imagePath.empty() && text::Lower(imagePath) == IdentityOf(favorite.path);
 }
 
 bool SelectFavMatch(const std::string& imagePath, const std::vector<Favorite>& favorites) {
@@ -70,7 +65,7 @@ ApplyResult ApplyFavorites(const std::vector<Favorite>& favorites, const process
     if (favorites.empty()) return result;
     const Instances instances = ReadInstances(snapshot, access);
     for (const Favorite& favorite : favorites) {
-        const auto found = instances.find(PathToMatch(favorite));
+        const auto found = instances.find(IdentityOf(favorite.path));
         if (found == instances.end()) continue;
         for (const platform::ProcessId id : found->second) {
             if (ApplyTo(id, favorite, access)) result.changed = true;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace favorites {
 
@@ -23,9 +24,13 @@ struct Favorite {
     std::string name;      // file name as shown, e.g. "Notepad.exe"
     std::string affinity;  // ascending CPU digits, e.g. "013"
     std::string priority;  // "Real", "High", "Above", "Normal", "Below", "Low" or "Default"
-    std::string path;      // full path: what the favourite is known by, whatever its letter case
+    std::string path;      // full path: what the favourite is known by
     std::string param;     // command line when it is launched; may be empty
     friend bool operator==(const Favorite&, const Favorite&) = default;
 };
+
+// What tells favourites apart: the path without the blanks at both ends, in lower case. No two favourites of a
+// profile have the same.
+std::string IdentityOf(std::string_view path);
 
 }  // namespace favorites

@@ -95,9 +95,9 @@ void FavoritesList::TellMissing(const LoadedProfile& loaded) {
 AddFavResult FavoritesList::AddFav(const std::string& path, const std::string& affinityText) {
     if (!text::IsProgramFile(path)) return AddFavResult::BadExtension;
     if (!platform::fileExists(path)) return AddFavResult::Missing;
-    const std::string identity = text::Lower(path);
+    const std::string identity = IdentityOf(path);
     for (int row = 0; row < Count(); ++row) {
-        if (text::Lower(list_.CellText(row, kColPath)) == identity) return AddFavResult::Duplicate;
+        if (IdentityOf(list_.CellText(row, kColPath)) == identity) return AddFavResult::Duplicate;
     }
     icons_.Make(path);
     const LockedList locked(list_);
@@ -127,9 +127,9 @@ bool FavoritesList::Save() {
 // Of a favourite that is in both, what the user has edited holds, otherwise what was stored.
 void FavoritesList::Join(const LoadedProfile& loaded) {
     std::map<std::string, int> shown;
-    for (int row = 0; row < Count(); ++row) shown[text::Lower(list_.CellText(row, kColPath))] = row;
+    for (int row = 0; row < Count(); ++row) shown[IdentityOf(list_.CellText(row, kColPath))] = row;
     for (const Favorite& favorite : loaded.rows) {
-        const auto found = shown.find(text::Lower(favorite.path));
+        const auto found = shown.find(IdentityOf(favorite.path));
         if (found == shown.end()) {
             AddRow(favorite);
         } else if (Row(found->second).priority == kDefaultPriority && Row(found->second).param.empty()) {
@@ -151,7 +151,7 @@ int FavoritesList::RemoveRows(const std::vector<int>& rows) {
         ++removed;
     }
     if (removed == 0) return 0;
-    const std::set<std::string> stillSelected = SelectedPaths();
+    const std::set<std::string> stillSelected = SelectedIdentities();
     // When the file could not be written, loading it would bring the rows back: the list stays as the user wants
     // it, and the next save tries again.
     if (Save()) {
@@ -159,7 +159,7 @@ int FavoritesList::RemoveRows(const std::vector<int>& rows) {
         LoadFavorites();
         SortFavs();
     }
-    SelectPaths(stillSelected);
+    SelectIdentities(stillSelected);
     // The user stays where they were, on the row that moved up.
     if (!AnySelected()) list_.SelectItem(std::min(first, Count() - 1), true);
     list_.SetTopIndex(top);
@@ -168,22 +168,22 @@ int FavoritesList::RemoveRows(const std::vector<int>& rows) {
 
 int FavoritesList::Remove(const std::vector<Favorite>& favorites) {
     std::set<std::string> paths;
-    for (const Favorite& favorite : favorites) paths.insert(text::Lower(favorite.path));
+    for (const Favorite& favorite : favorites) paths.insert(IdentityOf(favorite.path));
     std::vector<int> rows;
     for (int row = 0; row < Count(); ++row) {
-        if (paths.contains(text::Lower(list_.CellText(row, kColPath)))) rows.push_back(row);
+        if (paths.contains(IdentityOf(list_.CellText(row, kColPath)))) rows.push_back(row);
     }
     return RemoveRows(rows);
 }
 
 bool FavoritesList::ReplaceRows(const std::map<int, Favorite>& favorites, Select select) {
     const LockedList locked(list_);
-    const std::set<std::string> selected = SelectedPaths();
+    const std::set<std::string> selected = SelectedIdentities();
     std::set<std::string> paths;
     bool changed = false;
     for (const auto& [row, favorite] : favorites) {
         if (row < 0 || row >= Count()) continue;
-        paths.insert(text::Lower(favorite.path));
+        paths.insert(IdentityOf(favorite.path));
         if (Row(row) == favorite) continue;
         PutRow(row, favorite);
         changed = true;
@@ -194,7 +194,7 @@ bool FavoritesList::ReplaceRows(const std::map<int, Favorite>& favorites, Select
     // What could not be written stays in the list, and the next save tries again.
     if (Save()) LoadFavorites();
     SortFavs();
-    SelectPaths(select == Select::Replaced ? paths : selected);
+    SelectIdentities(select == Select::Replaced ? paths : selected);
     if (select == Select::Replaced) list_.SetSelectedTopPosition(place);
     return true;
 }
@@ -234,15 +234,15 @@ std::vector<Favorite> FavoritesList::SelectedFavorites() const {
     return selected;
 }
 
-std::set<std::string> FavoritesList::SelectedPaths() const {
+std::set<std::string> FavoritesList::SelectedIdentities() const {
     std::set<std::string> paths;
-    for (const int row : SelectedRows()) paths.insert(text::Lower(list_.CellText(row, kColPath)));
+    for (const int row : SelectedRows()) paths.insert(IdentityOf(list_.CellText(row, kColPath)));
     return paths;
 }
 
-void FavoritesList::SelectPaths(const std::set<std::string>& lowerPaths) {
+void FavoritesList::SelectIdentities(const std::set<std::string>& identities) {
     for (int row = 0; row < Count(); ++row) {
-        list_.SelectItem(row, lowerPaths.contains(text::Lower(list_.CellText(row, kColPath))));
+        list_.SelectItem(row, identities.contains(IdentityOf(list_.CellText(row, kColPath))));
     }
 }
 

@@ -94,8 +94,8 @@ private:
     void TellMissing(const LoadedProfile& loaded);
     void AddRow(const Favorite& favorite);
     void PutRow(int row, const Favorite& favorite);
-    std::set<std::string> SelectedPaths() const;
-    void SelectPaths(const std::set<std::string>& lowerPaths);
+    std::set<std::string> SelectedIdentities() const;
+    void SelectIdentities(const std::set<std::string>& identities);
     void CleanUpIcons() const;
     void DrawIcon(platform::Canvas& canvas, platform::Point at, int row);
 

@@ -2,13 +2,15 @@
 
 #include <algorithm>
 #include <array>
-#include <unordered_map>
+#include <unordered_set>
+#include <utility>
 
 #include "platform/CodePage.h"
 #include "platform/Files.h"
 #include "storage/SafeFile.h"
 #include "text/Case.h"
 #include "text/Numbers.h"
+#include "text/Split.h"
 
 namespace favorites {
 
@@ -28,23 +30,16 @@ Favorite ParseLine(std::string_view line) {
     const auto text = [&columns](FavoriteColumn column) {
         return std::string(columns[static_cast<std::size_t>(column)]);
     };
-    return {text(kColName), text(kColAffinity), text(kColPriority), text(kColPath), text(kColParam)};
+    // No file name begins or ends with a blank: those around a path are nobody's.
+    return {text(kColName), text(kColAffinity), text(kColPriority), std::string(text::Trim(columns[kColPath])),
+            text(kColParam)};
 }
 
-// Remembers the answers: a profile that names the same file thousands of times costs one question.
-class ProgramFiles {
-public:
-    bool Present(const std::string& path) {
-        const auto [entry, isNew] = present_.try_emplace(path, false);
-        // A path that is no text in the code page of this Windows cannot be asked about: it was written under
-        // another one, and its program may well be there. Such a favourite stays, byte for byte.
-        if (isNew) entry->second = !platform::isValidText(path) || platform::fileExists(path);
-        return entry->second;
-    }
-
-private:
-    std::unordered_map<std::string, bool> present_;
-};
+bool ProgramPresent(const std::string& path) {
+    // A path that is no text in the code page of this Windows cannot be asked about: it was written under another
+    // one, and its program may well be there. Such a favourite stays, byte for byte.
+    return !platform::isValidText(path) || platform::fileExists(path);
+}
 
 void AppendName(std::string& names, const std::string& path) {
     if (names.size() > kBalloonText) return;  // more will not be shown
@@ -58,10 +53,13 @@ void AppendName(std::string& names, const std::string& path) {
 
 std::vector<Favorite> ParseProfile(std::string_view content) {
     std::vector<Favorite> favorites;
+    std::unordered_set<std::string> known;
     bool header = true;
     for (const std::string_view line : storage::SplitLines(content)) {
-        if (!header && line.size() >= kShortestLine) favorites.push_back(ParseLine(line));
-        header = false;
+        if (!std::exchange(header, false) && line.size() >= kShortestLine) {
+            Favorite favorite = ParseLine(line);
+            if (known.insert(IdentityOf(favorite.path)).second) favorites.push_back(std::move(favorite));
+        }
     }
     return favorites;
 }
@@ -82,9 +80,8 @@ LoadedProfile LoadProfile(const std::string& path) {
     LoadedProfile loaded;
     std::string content;
     loaded.unreadable = storage::ReadWhole(path, content) == storage::ReadResult::Failed;
-    ProgramFiles files;
     for (Favorite& favorite : ParseProfile(content)) {
-        if (files.Present(favorite.path)) {
+        if (ProgramPresent(favorite.path)) {
             loaded.rows.push_back(std::move(favorite));
         } else {
             ++loaded.missing;

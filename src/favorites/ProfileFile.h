@@ -12,8 +12,9 @@ namespace favorites {
 
 inline constexpr char kProfileHeader[] = "[Kestrum 2 - Morvell Software 2010]";
 
-// The favourites in a profile's content, bytes as they are. The first line, lines of 7 characters or less and
-// columns behind the fifth are left out; a column that is missing is empty.
+// The favourites in a profile's content, bytes as they are except for blanks around a path. The first line, lines
+// of 7 characters or less and columns behind the fifth are left out, and so is a line whose path an earlier one
+// has: set twice, a process would go to and fro. A column that is missing is empty.
 std::vector<Favorite> ParseProfile(std::string_view content);
 // The line of a favourite, with its CR LF.
 std::string FormatLine(const Favorite& favorite);

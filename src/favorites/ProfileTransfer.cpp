@@ -19,7 +19,7 @@ public:
         for (const std::string_view line : storage::SplitLines(content)) lines_.push_back(text::Lower(line));
     }
     bool Holds(std::string_view path) const {
-        const std::string wanted = text::Lower(path);
+        const std::string wanted = IdentityOf(path);
         return std::any_of(lines_.begin(), lines_.end(),
                            [&wanted](const std::string& line) { return line.find(wanted) != std::string::npos; });
     }
@@ -58,7 +58,7 @@ bool CopyToProfile(const std::vector<Favorite>& favorites, const std::string& ba
     std::unordered_set<std::string> added;
     std::string lines;
     for (const Favorite& favorite : favorites) {
-        if (before.Holds(favorite.path) || !added.insert(text::Lower(favorite.path)).second) continue;
+        if (before.Holds(favorite.path) || !added.insert(IdentityOf(favorite.path)).second) continue;
         lines += FormatLine(favorite);
     }
     if (lines.empty()) return false;

@@ -38,8 +38,8 @@ TEST_CASE_FIXTURE(Bench, "loading shows the profile in the file's order and leav
     const std::string odd = std::string("x\0y.exe\t01\tLow\tC:\\a.exe\t", 25) + std::string(300, 'p') + "\xFF\r\n";
     const std::string lines = Line("b.exe", "-x \"1\"") + odd;
     sim::clearLog();
-    Load(lines);
-    favs.LoadFavorites();  // replaces, does not append
+    Load(lines + "B\t0\tLow\t C:\\B.EXE \t\r\n");  // one of them twice
+    favs.LoadFavorites();                          // replaces, does not append
     CHECK(Shown() == Names{"b.exe", std::string("x\0y.exe", 7)});
     CHECK(list.CellText(1, favorites::kColIcon) == "2");
     CHECK(balloons.empty());

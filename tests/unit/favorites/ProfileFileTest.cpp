@@ -52,7 +52,7 @@ TEST_CASE_FIXTURE(Disk, "lines are taken as they come, and each is written back 
     };
     const std::string invalid = "B\xFF\xFE.exe\t01\tHigh\tC:\\B\xFF\xFE.exe\t-x \xC3\r\n";
     const std::string bytes = "\x01\x80\t99\t?\t" + kGame + "\t\xFF\r\n";
-    const std::string nuls = std::string("a\0b\t0\0\tLow\t", 11) + kGame + std::string("\tp\0q\r\n", 6);
+    const std::string nuls = std::string("a\0b\t0\0\tLow\tC:\\x\tp\0q\r\n", 21);
     const Case cases[] = {
         {"the first line is skipped unchecked", kGameLine + kGameLine, kGameLine},
         {"no line end at the end", kHeader + kGameLine.substr(0, kGameLine.size() - 2), kGameLine},
@@ -60,6 +60,8 @@ TEST_CASE_FIXTURE(Disk, "lines are taken as they come, and each is written back 
         {"7 characters are ignored, 8 are not", "h\n\t\t\tC:\\x\r\n\t\t\tC:\\x\t\r\n", "\t\t\tC:\\x\t\r\n"},
         {"no parameter", "h\nC\t0\tLow\t" + kGame + "\r\n", "C\t0\tLow\t" + kGame + "\t\r\n"},
         {"more columns", "h\nC\t0\tLow\t" + kGame + "\tp\t7\tmore\r\n", "C\t0\tLow\t" + kGame + "\tp\r\n"},
+        {"the first of two lines with one path, whatever its case and the blanks around it",
+         "h\nC\t0\tLow\t  C:\\GAMES\\chess.exe \t\n" + kGameLine, "C\t0\tLow\tC:\\GAMES\\chess.exe\t\r\n"},
         {"any bytes around a path", kHeader + bytes + nuls, bytes + nuls},
         {"a path in another code page", kHeader + invalid + kGameLine, invalid + kGameLine},
     };
@@ -110,7 +112,13 @@ TEST_CASE_FIXTURE(Disk, "damage does not reach the lines beside it") {
     }
     const std::string nuls(5000, '\0');
     const std::string longLine(1 << 20, 'x');
-    const auto loaded = Load(longLine + nuls + "\r\n" + kGameLine + noise + "\r\n" + nuls + "\r\n" + kGameLine +
-                             longLine + "\r\n" + "a\tb\tc\t" + longLine + "\td\r\n" + kGameLine);
-    CHECK(std::count(loaded.rows.begin(), loaded.rows.end(), kGameRow) == 3);
+    std::vector<Favorite> rows;
+    for (const char* path : {"C:\\1.exe", "C:\\2.exe", "C:\\3.exe"}) {
+        sim::putFile(path, "");
+        rows.push_back({"x", "0", "Low", path, ""});
+    }
+    const auto loaded = Load(longLine + nuls + "\r\n" + favorites::FormatLine(rows[0]) + noise + "\r\n" + nuls +
+                             "\r\n" + favorites::FormatLine(rows[1]) + longLine + "\r\na\tb\tc\t" + longLine +
+                             "\td\r\n" + favorites::FormatLine(rows[2]));
+    for (const Favorite& row : rows) CHECK(std::count(loaded.rows.begin(), loaded.rows.end(), row) == 1);
 }

@@ -112,6 +112,8 @@ TEST_CASE_FIXTURE(Machine, "wrong arguments: one message says what is expected, 
 
 TEST_CASE_FIXTURE(Machine, "favourites are set at the start, as they come, and for their first moments") {
     const auto before = Run(kGame);
+    // A second line of the same program counts for nothing.
+    sim::putFile(kProfile3, Profile(kGameLine + "Game.exe\t2\tLow\t C:\\GAMES\\game.exe\t\r\n"));
     Start();
     CHECK(form->text() == "  Kestrum Jr.");
     CHECK_FALSE(form->visible());
