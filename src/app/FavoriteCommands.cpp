@@ -1,10 +1,12 @@
 #include "app/FavoriteCommands.h"
 
 #include <optional>
+#include <set>
 
 #include "app/MainToolBars.h"
 #include "favorites/ApplyFavorites.h"
 #include "platform/Shell.h"
+#include "text/Case.h"
 
 namespace app {
 
@@ -61,17 +63,27 @@ void FavoriteCommands::BrowseForFavorite() {
         const BusyGuard guard(parts_.busy);
         path = platform::chooseFile(parts_.window, "Add Files to Favorites", {{"*.Exe, *.Scr", "*.exe;*.scr"}});
     }
-    if (path && parts_.window.exists()) AddFav(*path);
+    if (path && parts_.window.exists()) Add({*path});
 }
 
-void FavoriteCommands::AddDropped(const std::vector<std::string>& paths) {
+// One box for each kind of refusal, however many files: one by one they would be a stack to click away. Files that
+// are in the list already are all in one box, programs of the same name in different folders as one.
+void FavoriteCommands::Add(const std::vector<std::string>& paths) {
+    bool badExtension = false;
+    std::set<std::string> named;
+    std::string duplicates;
     for (const std::string& path : paths) {
-        if (!parts_.window.exists()) return;  // closed while a message about the one before was up
-        AddFav(path);
+        const favorites::AddFavResult result = AddFav(path);
+        badExtension = badExtension || result == favorites::AddFavResult::BadExtension;
+        if (result != favorites::AddFavResult::Duplicate) continue;
+        if (!named.insert(text::Lower(text::FileNameOf(path))).second) continue;
+        duplicates += (duplicates.empty() ? "" : "\r\n\r\n") + favorites::DuplicateText(path);
     }
+    if (badExtension) parts_.messages.Tell(favorites::kBadExtensionText);
+    if (!duplicates.empty() && parts_.window.exists()) parts_.messages.Tell(duplicates);
 }
 
-void FavoriteCommands::AddFav(const std::string& path) {
+favorites::AddFavResult FavoriteCommands::AddFav(const std::string& path) {
     favorites::AddFavResult result;
     {
         const PausedSlot pause(parts_.slots, Slot::Process, kRefreshMilliseconds);
@@ -82,11 +94,7 @@ void FavoriteCommands::AddFav(const std::string& path) {
     ProfilesChanged();
     // It may be running already: with Auto Set on the next tick sets it.
     if (result == favorites::AddFavResult::Added) parts_.refresh.ForceRebuild();
-    if (result == favorites::AddFavResult::BadExtension) {
-        parts_.messages.Tell(favorites::kBadExtensionText);
-    } else if (result == favorites::AddFavResult::Duplicate) {
-        parts_.messages.Tell(favorites::DuplicateText(path));
-    }
+    return result;
 }
 
 void FavoriteCommands::RemoveFavorites() {

@@ -51,12 +51,12 @@ public:
     bool AutoSetPressed() const;
 
     void BrowseForFavorite();
-    // Programs dropped on the favourites list.
-    void AddDropped(const std::vector<std::string>& paths);
+    // Adds several programs; what is to be said of those that are refused comes once they have been added.
+    void Add(const std::vector<std::string>& paths);
     void RemoveFavorites();
 
 private:
-    void AddFav(const std::string& path);
+    favorites::AddFavResult AddFav(const std::string& path);
 
     Parts parts_;
 };

@@ -33,8 +33,7 @@ bool FilterCommands::Pressed() const {
 
 void FilterCommands::Toggled() {
     const PausedSlot pause(parts_.slots, Slot::Process, kRefreshMilliseconds);
-    parts_.favorites.LoadFavorites();
-    parts_.favorites.SortFavs();
+    parts_.favorites.Reload();
     parts_.refresh.FullRebuild();
 }
 

@@ -40,7 +40,7 @@ Form1::Form1()
                         graphs_}),
       profileCommands_(
           {*this, messages_, refresh_, slots_, commands_, filterCommands_, favorites_, enforce_, options_}),
-      paramEditor_(favoritesControl_, favorites_, slots_, messages_, tips_),
+      paramEditor_(favoritesControl_, favorites_, refresh_, slots_, messages_, tips_),
       favoriteSettings_({*this, favoritesControl_, favorites_, slots_, messages_, refresh_, access_.HighestCpu()}),
       trayCommands_({*this, trayIcon_, slots_, busy_, msgBoxes_, toolBar1_, commands_, gauges_, graphs_}),
       totalGraph_({graphOptions_, trayCommands_.Totals(), settings_}),

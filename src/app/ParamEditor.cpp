@@ -4,7 +4,6 @@
 #include <utility>
 #include <vector>
 
-#include "app/RefreshCycle.h"
 #include "favorites/FavoriteEdits.h"
 
 namespace app {
@@ -66,6 +65,7 @@ void ParamEditor::Accept() {
     for (int row = 0; row < favorites_.Count(); ++row) {
         if (favorites_.Row(row).path != path_) continue;
         favorites::SetParam(favorites_, row, param);
+        refresh_.UpdateStatusLine();  // favourites whose program has gone went when they were loaded again
         return;
     }
 }

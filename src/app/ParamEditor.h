@@ -4,6 +4,7 @@
 #include <string>
 
 #include "app/Messages.h"
+#include "app/RefreshCycle.h"
 #include "app/TimerSlots.h"
 #include "controls/BalloonTips.h"
 #include "controls/UcList1.h"
@@ -15,9 +16,9 @@ namespace app {
 class ParamEditor {
 public:
     // All outlive the editor. `list` shows the favourites.
-    ParamEditor(controls::UcList1& list, favorites::FavoritesList& favorites, TimerSlots& slots, Messages& messages,
-                controls::BalloonTips& tips)
-        : list_(list), favorites_(favorites), slots_(slots), messages_(messages), tips_(tips) {}
+    ParamEditor(controls::UcList1& list, favorites::FavoritesList& favorites, RefreshCycle& refresh,
+                TimerSlots& slots, Messages& messages, controls::BalloonTips& tips)
+        : list_(list), favorites_(favorites), refresh_(refresh), slots_(slots), messages_(messages), tips_(tips) {}
 
     // Makes the box `TxTParam`, which is not shown yet.
     bool Create();
@@ -31,6 +32,7 @@ private:
 
     controls::UcList1& list_;
     favorites::FavoritesList& favorites_;
+    RefreshCycle& refresh_;
     TimerSlots& slots_;
     Messages& messages_;
     controls::BalloonTips& tips_;

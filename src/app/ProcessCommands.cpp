@@ -90,7 +90,7 @@ void ProcessCommands::FileListRefresh() {
 void ProcessCommands::Run(int command) {
     switch (command) {
         case command::kAddToFavorites:
-            parts_.favoriteCommands.AddDropped(SelectedPaths());
+            parts_.favoriteCommands.Add(SelectedPaths());
             break;
         case command::kAddToFilter:
             parts_.filterCommands.Add(SelectedPaths());

@@ -194,7 +194,7 @@ void Form1::WireProcessCommands() {
 }
 
 void Form1::WireFavorites() {
-    favoritesControl_.FilesDropped = [this](const std::vector<std::string>& paths) { commands_.AddDropped(paths); };
+    favoritesControl_.FilesDropped = [this](const std::vector<std::string>& paths) { commands_.Add(paths); };
     favoritesControl_.KeyClick = [this](std::uint16_t code) { FavoritesKey(code); };
     favoritesControl_.DblClick = [this](int) { profileCommands_.Launch(); };
     favoritesControl_.Click = [this](int button) {

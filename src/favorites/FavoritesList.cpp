@@ -79,12 +79,22 @@ void FavoritesList::SavePending() {
     std::erase_if(waiting_, [](const auto& profile) { return SaveProfile(profile.first, profile.second); });
 }
 
+void FavoritesList::Reload() {
+    const LockedList locked(list_);
+    const bool again = ProfilePath(baseFolder_, favName_) == shownFile_;
+    const std::set<std::string> selected = SelectedIdentities();
+    const int top = list_.TopIndex();
+    LoadFavorites();
+    SortFavs();
+    if (!again) return;
+    SelectIdentities(selected);
+    list_.SetTopIndex(top);
+}
+
 bool FavoritesList::ReadUnread() {
     if (!unread_) return false;
-    LoadFavorites();
-    if (unread_) return false;
-    SortFavs();
-    return true;
+    Reload();
+    return !unread_;
 }
 
 void FavoritesList::TellMissing(const LoadedProfile& loaded) {

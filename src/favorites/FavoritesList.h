@@ -56,7 +56,9 @@ public:
     // the profile, reported by a balloon. The rows of this profile stay as they are while its file cannot be read,
     // or could not be written.
     void LoadFavorites();
-    // Loads and sorts if the profile could not be read so far. True when it is read now.
+    // Loads and sorts. What is selected and the place on the screen stay, unless it is another profile.
+    void Reload();
+    // Reloads if the profile could not be read so far. True when it is read now.
     bool ReadUnread();
     // Adds a program with the affinity given and priority "Default", sorts and saves.
     AddFavResult AddFav(const std::string& path, const std::string& affinityText);

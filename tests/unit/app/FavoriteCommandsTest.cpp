@@ -27,10 +27,16 @@ TEST_CASE_FIXTURE(Desk, "Favourites are added by the chooser and by dropping, an
     CHECK(sim::file(kProfile1) == std::string(kHeader) + "Tool.exe\t02\tDefault\tC:\\Apps\\TOOL.EXE\t\r\n");
     CHECK(form->Status().Favorites() == "  |    Favorites: 1");
 
-    Answer(key::kEnter);  // notes.txt has a wrong extension
-    Answer(key::kEnter);  // tool.exe is there already
-    sim::dropFiles(Favorites(), {"C:\\Apps\\saver.scr", "C:\\Apps\\notes.txt", "c:\\apps\\tool.exe"});
-    CHECK(told.size() == 2);
+    // Each kind of refusal is told once: wrong extensions, then what is there already.
+    Answer(key::kEnter);
+    Answer(key::kEnter);
+    sim::dropFiles(Favorites(), {"C:\\Apps\\saver.scr", "C:\\Apps\\notes.txt", "C:\\Apps\\more.txt",
+                                 "c:\\apps\\tool.exe", "C:\\Apps\\TOOL.EXE", "C:\\Apps\\Saver.scr"});
+    REQUIRE(told.size() == 2);
+    CHECK(told[0].find("extension") != std::string::npos);
+    CHECK(told[1].find("tool.exe at the selected path") != std::string::npos);
+    CHECK(told[1].find("Saver.scr at the selected path") != std::string::npos);
+    CHECK(told[1].find("TOOL.EXE") == std::string::npos);
     REQUIRE(Favorites().ListCount() == 2);
     CHECK(Favorites().CellText(0, 0) == "Saver.scr");
 

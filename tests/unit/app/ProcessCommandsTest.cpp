@@ -41,8 +41,7 @@ struct Desk : Machine {
 }  // namespace
 
 TEST_CASE_FIXTURE(Desk, "Apply Changes sets what was chosen, and tells what could not be set") {
-    PutProfile("Fav.exe\t1\tHigh\tC:\\Apps\\fav.exe \t\r\n");
-    sim::putFile("C:\\Apps\\fav.exe ", "");  // blanks at the end of a path mean nothing
+    PutProfile("Fav.exe\t1\tHigh\tC:\\Apps\\fav.exe\t\r\n");
     const ProcessId favourite = Run("C:\\Apps\\fav.exe");
     Begin();
     SUBCASE("all selected that let it, but not the others") {
@@ -159,7 +158,9 @@ TEST_CASE_FIXTURE(Desk, "Terminate ends what was meant when it was asked, and no
 
 TEST_CASE_FIXTURE(Desk, "The filter hides, marks and shows file names again") {
     const ProcessId again = Run("D:\\Other\\ONE.EXE");
+    PutProfile("Two.exe\t0\tDefault\tC:\\Apps\\two.exe\t\r\n");
     Begin();
+    SelectFavorites({0});
     CHECK_FALSE(form->ToolBar1().IsEnabled(app::button::kFileFilter));
 
     Select({one, again});
@@ -172,6 +173,7 @@ TEST_CASE_FIXTURE(Desk, "The filter hides, marks and shows file names again") {
     CHECK(Cell(one, 6) != Cell(two, 6));
 
     ClickButton(app::button::kFileFilter);
+    CHECK(Favorites().Selected(0));
     CHECK(RowOf(one) == -1);
     CHECK(RowOf(again) == -1);
     CHECK(RowOf(two) >= 0);

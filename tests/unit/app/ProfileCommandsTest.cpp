@@ -1,5 +1,6 @@
 // Profiles, launching, parameters and the hand-over to Kestrum Jr., on the whole main window.
 #include "AppFixture.h"
+#include "platform/Files.h"
 
 using namespace apptest;
 
@@ -118,6 +119,8 @@ TEST_CASE_FIXTURE(Desk, "Kestrum Jr. takes over when it is there, has favourites
 }
 
 TEST_CASE_FIXTURE(Desk, "A parameter is edited in place") {
+    sim::putFile("C:\\Apps\\gone.exe", "");
+    PutProfile(kLineA + kLineB + "Gone.exe\t2\tLow\tC:\\Apps\\gone.exe\t\r\n");
     Store("LaunchFav", "1");
     Start();
     const auto edit = [&](const std::vector<int>& rows) {
@@ -127,11 +130,13 @@ TEST_CASE_FIXTURE(Desk, "A parameter is edited in place") {
     const auto saved = [](const std::string& param) {
         return sim::file(kProfile1)->find("b.exe\t" + param + "\r\n") != std::string::npos;
     };
+    CHECK(platform::deleteFile("C:\\Apps\\gone.exe"));
     edit({1});
     sim::typeText("one\ttwo");
     for (int held = 0; held < 3; ++held) sim::keyDown(key::kEnter);
     sim::keyUp(key::kEnter);
     CHECK(saved("one two"));
+    CHECK(form->Status().Favorites() == "  |    Favorites: 2");  // one had gone, as the reload found
     CHECK(sim::focusedWindow() == &Favorites());
     CHECK(sim::launches().empty());  // the Enter was not for the list
     sim::clearLog();

@@ -121,6 +121,26 @@ TEST_CASE_FIXTURE(Bench, "the sort is kept, with each program's icon, and a dama
     CHECK(favs.SortColumn() == favorites::kColParam);
 }
 
+TEST_CASE_FIXTURE(Bench, "a reload leaves the user where they were, but not in another profile") {
+    for (int i = 0; i < 60; ++i) {
+        const std::string path = "C:\\z" + std::to_string(i) + ".exe";
+        sim::putFile(path, "");
+        favs.AddFav(path, "0");
+    }
+    sim::putFile(kBase + "My Favs 2", Saved());
+    list.SelectItem(42, true);
+    list.SetTopIndex(40);
+    const int top = list.TopIndex();
+    REQUIRE(top > 0);
+    favs.Reload();
+    CHECK(favs.SelectedRows() == std::vector<int>{42});
+    CHECK(list.TopIndex() == top);
+    favs.SetFavName("My Favs 2");
+    favs.Reload();
+    CHECK_FALSE(favs.AnySelected());
+    CHECK(list.TopIndex() == 0);
+}
+
 TEST_CASE_FIXTURE(Bench, "removing takes the selected rows, whatever the order shown") {
     AddThree();
     favs.SetSort(0, false);
