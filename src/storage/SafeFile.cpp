@@ -14,7 +14,7 @@ std::string TemporaryOf(const std::string& path) {
 }  // namespace
 
 ReadResult ReadWhole(const std::string& path, std::string& content) {
-    std::optional<std::string> whole = platform::readFile(path);
+    std::optional<std::string> whole = platform::readFile(path, kMostBytes);
     content.clear();
     if (!whole) return platform::fileMissing(path) ? ReadResult::Missing : ReadResult::Failed;
     content = std::move(*whole);
@@ -22,6 +22,7 @@ ReadResult ReadWhole(const std::string& path, std::string& content) {
 }
 
 bool WriteWhole(const std::string& path, std::string_view content) {
+    if (content.size() > kMostBytes) return false;
     // One left behind by an earlier end of the program is simply written over.
     const std::string temporary = TemporaryOf(path);
     if (platform::writeFile(temporary, content) && platform::moveFileOver(temporary, path)) return true;

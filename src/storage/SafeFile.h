@@ -1,6 +1,7 @@
 // Reading and writing the program's own files: whole files, old or new, never half of one.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,14 +11,19 @@ namespace storage {
 enum class ReadResult {
     Read,
     Missing,  // there is no such file
-    Failed,   // the file is there, but cannot be read: locked, no rights, absurdly large
+    Failed,   // the file is there, but cannot be read: locked, no rights, larger than kMostBytes
 };
+
+// The largest file that is read or written: some ten thousand favourites. The rows of one of 100 MB would take
+// seconds at every start, and a gigabyte of memory.
+inline constexpr std::size_t kMostBytes = std::size_t{1} << 20;
 
 // Reads a whole file into `content`, which is empty afterwards unless the result is Read.
 ReadResult ReadWhole(const std::string& path, std::string& content);
 
 // Replaces the content of a file: writes a temporary sibling (`path` + ".new"), flushes it and moves it over
-// the file. On failure, or when the program ends at any point, the file is what it was. False on failure.
+// the file. Refuses what could not be read again. On failure, or when the program ends at any point, the file is
+// what it was. False on failure.
 bool WriteWhole(const std::string& path, std::string_view content);
 
 // Deletes the temporary sibling of a file that an end of the program in the middle of WriteWhole has left behind.

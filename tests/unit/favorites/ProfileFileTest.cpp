@@ -111,7 +111,7 @@ TEST_CASE_FIXTURE(Disk, "damage does not reach the lines beside it") {
         noise += static_cast<char>(seed >> 24);
     }
     const std::string nuls(5000, '\0');
-    const std::string longLine(1 << 20, 'x');
+    const std::string longLine(1 << 16, 'x');
     std::vector<Favorite> rows;
     for (const char* path : {"C:\\1.exe", "C:\\2.exe", "C:\\3.exe"}) {
         sim::putFile(path, "");

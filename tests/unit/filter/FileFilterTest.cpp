@@ -81,12 +81,12 @@ TEST_CASE_FIXTURE(Bench, "loading sorts the names, however many, and leaves the 
     CHECK(filter.Load());
     CHECK(filter.Load());  // replaces, does not append
     CHECK(Shown() == Names{"a.exe", "b.exe", "C.EXE", "\xC3\x84.exe"});
-    for (int i = 99999; i >= 0; --i) content += "program number " + std::to_string(i) + ".exe\r\n";
+    for (int i = 29999; i >= 0; --i) content += "program number " + std::to_string(i) + ".exe\r\n";
     sim::putFile(kFile, content);
     sim::clearLog();
     CHECK(filter.Load());
-    CHECK(filter.Count() == 100004);
-    for (const char* name : {"A.EXE", "c.exe", "\xC3\xA4.EXE", "PROGRAM number 77777.exe"}) {
+    CHECK(filter.Count() == 30004);
+    for (const char* name : {"A.EXE", "c.exe", "\xC3\xA4.EXE", "PROGRAM number 17777.exe"}) {
         CHECK(filter.Contains(name));
     }
     for (const char* name : {"", "a", "a.exe ", "C:\\a.exe"}) CHECK_FALSE(filter.Contains(name));

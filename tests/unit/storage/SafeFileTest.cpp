@@ -33,6 +33,19 @@ TEST_CASE("a file splits into its lines, whatever it holds") {
     }
 }
 
+TEST_CASE("a file that is too large cannot be read, and none is written that could not be read again") {
+    sim::reset();
+    const std::string most(storage::kMostBytes, 'x');
+    std::string content;
+    CHECK(storage::WriteWhole(kPath, most));
+    CHECK(storage::ReadWhole(kPath, content) == storage::ReadResult::Read);
+    CHECK_FALSE(storage::WriteWhole(kPath, most + "x"));
+    CHECK(sim::file(kPath)->size() == storage::kMostBytes);
+    sim::putFile(kPath, most + "x");
+    CHECK(storage::ReadWhole(kPath, content) == storage::ReadResult::Failed);
+    CHECK(content.empty());
+}
+
 TEST_CASE("a program stopped at any step of a save leaves the old file or the new one") {
     int completed = 0;
     for (int steps = 0; steps <= 3; ++steps) {
