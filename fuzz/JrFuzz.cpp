@@ -62,7 +62,7 @@ void Do(const fuzz::Step& step) {
 
 void RequireNothingWritten() {
     for (const std::string& entry : sim::log()) {
-        for (const char* written : {"writeFile", "moveFileOver", "createFolders", "store"}) {
+        for (const char* written : {"writeNewFile", "moveFileOver", "createFolders", "store"}) {
             fuzz::Require(!entry.starts_with(written));
         }
     }

@@ -47,15 +47,19 @@ Function un.DeletePictures
     Pop $0
 FunctionEnd
 
-; A file that is written goes by its name with ".new" first.
+; A file that is written goes by its name with ".new" first, or with ".new2" or ".new3".
 Function un.DeleteLeftovers
     Push $0
     ${For} $0 1 5
         Delete "$INSTDIR\My Favs $0"
         Delete "$INSTDIR\My Favs $0.new"
+        Delete "$INSTDIR\My Favs $0.new2"
+        Delete "$INSTDIR\My Favs $0.new3"
     ${Next}
     Delete "$INSTDIR\FileFilter"
     Delete "$INSTDIR\FileFilter.new"
+    Delete "$INSTDIR\FileFilter.new2"
+    Delete "$INSTDIR\FileFilter.new3"
     DeleteRegKey HKCU "Software\Morvell\Kestrum2"
     DeleteRegKey /ifempty HKCU "Software\Morvell"
     Pop $0

@@ -12,13 +12,17 @@ namespace platform {
 
 // The whole content; nullopt when the file is missing, a folder, unreadable or larger than `maxBytes`.
 std::optional<std::string> readFile(const std::string& path, std::size_t maxBytes = std::size_t{256} << 20);
-// Creates or replaces a file, writes `content` and flushes it to the disk. On failure (full disk, denied) the
-// file may be left behind incomplete. CreateFileA, WriteFile, FlushFileBuffers.
-bool writeFile(const std::string& path, std::string_view content);
+// Creates a file, writes `content` and flushes it to the disk. Refuses what has that name already, a link included,
+// whatever it leads to. On other failures (full disk, denied) the file may be left behind incomplete. CreateFileA
+// (create new), WriteFile, FlushFileBuffers.
+bool writeNewFile(const std::string& path, std::string_view content);
 // Renames a file over another one in one step. MoveFileExA (replace existing, write through).
 bool moveFileOver(const std::string& from, const std::string& to);
-// DeleteFileA.
+// Of a link the link goes, never what it leads to (under Wine it stays). DeleteFileA.
 bool deleteFile(const std::string& path);
+// True when a file or folder stands for another one elsewhere: a symbolic link or a junction; not for a hard link.
+// GetFileAttributesA (reparse point).
+bool isLink(const std::string& path);
 // True for an existing file, false for a folder, nothing, or any error. GetFileAttributesA.
 bool fileExists(const std::string& path);
 // True when it is certain that nothing has this path; false when something has, or it cannot be told (denied,

@@ -6,10 +6,9 @@ namespace storage {
 
 namespace {
 
-// A sibling, so that the move stays on one volume and is a single step.
-std::string TemporaryOf(const std::string& path) {
-    return path + ".new";
-}
+// Of siblings, so that the move stays on one volume and is a single step. The first one serves, unless there is
+// something in its place that cannot be deleted: a folder, or a file that another program holds.
+constexpr const char* kTemporaryEndings[] = {".new", ".new2", ".new3"};
 
 }  // namespace
 
@@ -21,17 +20,27 @@ ReadResult ReadWhole(const std::string& path, std::string& content) {
     return ReadResult::Read;
 }
 
+bool WriteInPlaceOf(const std::string& path, std::string_view content) {
+    platform::deleteFile(path);
+    if (platform::writeNewFile(path, content)) return true;
+    platform::deleteFile(path);  // half of it, on a full disk
+    return false;
+}
+
 bool WriteWhole(const std::string& path, std::string_view content) {
     if (content.size() > kMostBytes) return false;
-    // One left behind by an earlier end of the program is simply written over.
-    const std::string temporary = TemporaryOf(path);
-    if (platform::writeFile(temporary, content) && platform::moveFileOver(temporary, path)) return true;
-    platform::deleteFile(temporary);
+    for (const char* ending : kTemporaryEndings) {
+        const std::string temporary = path + ending;
+        if (!WriteInPlaceOf(temporary, content)) continue;
+        if (platform::moveFileOver(temporary, path)) return true;
+        platform::deleteFile(temporary);
+        return false;
+    }
     return false;
 }
 
 void CleanUpAfter(const std::string& path) {
-    platform::deleteFile(TemporaryOf(path));
+    for (const char* ending : kTemporaryEndings) platform::deleteFile(path + ending);
 }
 
 std::vector<std::string_view> SplitLines(std::string_view content) {

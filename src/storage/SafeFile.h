@@ -21,12 +21,16 @@ inline constexpr std::size_t kMostBytes = std::size_t{1} << 20;
 // Reads a whole file into `content`, which is empty afterwards unless the result is Read.
 ReadResult ReadWhole(const std::string& path, std::string& content);
 
-// Replaces the content of a file: writes a temporary sibling (`path` + ".new"), flushes it and moves it over
-// the file. Refuses what could not be read again. On failure, or when the program ends at any point, the file is
-// what it was. False on failure.
+// Replaces the content of a file: writes a temporary sibling (`path` + ".new", or ".new2" or ".new3"), flushes it
+// and moves it over the file. Refuses what could not be read again. On failure, or when the program ends at any
+// point, the file is what it was. False on failure.
 bool WriteWhole(const std::string& path, std::string_view content);
 
-// Deletes the temporary sibling of a file that an end of the program in the middle of WriteWhole has left behind.
+// Writes a new file; one of that name is deleted first. Nothing is written to what is there: it may be a link to
+// somebody else's file. False on failure, when none of that name is left or what was there could not be deleted.
+bool WriteInPlaceOf(const std::string& path, std::string_view content);
+
+// Deletes the temporary siblings of a file that an end of the program in the middle of WriteWhole has left behind.
 // For the start of the one program that writes the file.
 void CleanUpAfter(const std::string& path);
 

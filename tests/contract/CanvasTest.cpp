@@ -39,7 +39,8 @@ struct Sheet : contract::Desk {
         return true;
     }
     PictureHandle pictureOf(const contract::Bmp& bmp) const {
-        REQUIRE(writeFile(scratch + "canvas.bmp", contract::fileOf(bmp)));
+        deleteFile(scratch + "canvas.bmp");
+        REQUIRE(writeNewFile(scratch + "canvas.bmp", contract::fileOf(bmp)));
         return loadPictureFile(scratch + "canvas.bmp");
     }
 };

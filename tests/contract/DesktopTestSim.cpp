@@ -65,7 +65,7 @@ TEST_CASE_FIXTURE(Desk, "a key that is pressed is down while the window hears of
 }
 
 TEST_CASE_FIXTURE(Desk, "what is launched must be in its folder or have its whole path, and needs a shell") {
-    REQUIRE(writeFile(scratch + "run.bat", ""));
+    REQUIRE(writeNewFile(scratch + "run.bat", ""));
     CHECK(launch(main, "run.bat", "one two", scratch));
     CHECK(launch(main, scratch + "run.bat", std::nullopt, "C:\\"));
     CHECK_FALSE(launch(main, "missing.bat", std::nullopt, scratch));

@@ -33,6 +33,8 @@ std::optional<std::string> storedRunEntry(const std::string& name);
 std::string scratchFolder();
 // An existing file with the content "old" that can be read, but not written, replaced or deleted.
 std::string sealedFile();
+// Makes a link, at a path where nothing is, to an existing file or folder of scratchFolder.
+void makeLink(const std::string& path, const std::string& target);
 
 // A named mutex of another program, which denies access to it; there is none after freshMachine.
 void holdClosedMutex(const std::string& name);

@@ -29,9 +29,19 @@ std::string scratchFolder() {
 }
 
 std::string sealedFile() {
-    sim::putFile("C:\\Sealed\\file.txt", "old");
-    sim::setReadOnlyFolder("C:\\Sealed", true);
-    return "C:\\Sealed\\file.txt";
+    const std::string path = scratchFolder() + "sealed.txt";
+    sim::putFile(path, "old");
+    sim::holdFile(path);
+    return path;
+}
+
+void makeLink(const std::string& path, const std::string& target) {
+    if (const auto content = sim::file(target)) {
+        sim::putFile(path, *content);
+    } else {
+        sim::putFolder(path);
+    }
+    sim::setLink(path);
 }
 
 void holdClosedMutex(const std::string& name) {

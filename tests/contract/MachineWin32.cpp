@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstdlib>
 #include <utility>
 
@@ -7,6 +8,7 @@
 #include "platform/RunList.h"
 #include "platform/Window.h"
 #include "platform/win32/RegistryKey.h"
+#include "platform/win32/SystemLibrary.h"
 
 #include <sddl.h>
 #include <shellapi.h>
@@ -70,7 +72,7 @@ std::string scratchFolder() {
 
 std::string sealedFile() {
     const std::string path = scratchFolder() + "sealed.txt";
-    platform::writeFile(path, "old");
+    platform::writeNewFile(path, "old");
     // Held as a program that only reads holds it: others may read, too. A read-only attribute would not do, as it
     // is no obstacle to an administrator everywhere.
     sealingHandle() = CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
@@ -83,6 +85,36 @@ void holdClosedMutex(const std::string& name) {
                                                          nullptr);
     closedMutex() = CreateMutexA(&nobody, TRUE, name.c_str());
     LocalFree(nobody.lpSecurityDescriptor);
+}
+
+// Wine makes no links of its own; there a program of the system underneath does.
+void makeLink(const std::string& path, const std::string& target) {
+    const auto unixName =
+        platform::systemFunction<char*(CDECL*)(LPCWSTR)>("kernel32.dll", "wine_get_unix_file_name");
+    if (unixName == nullptr) {
+        using Make = BOOLEAN(WINAPI*)(LPCSTR, LPCSTR, DWORD);
+        const auto make = platform::systemFunction<Make>("kernel32.dll", "CreateSymbolicLinkA");
+        if (make == nullptr || !make(path.c_str(), target.c_str(), platform::fileExists(target) ? 0 : 1))
+            std::abort();
+        return;
+    }
+    wchar_t folder[MAX_PATH] = {};
+    MultiByteToWideChar(CP_ACP, 0, scratchFolder().c_str(), -1, folder, MAX_PATH);
+    const std::string below(unixName(folder));
+    const auto asUnix = [&](const std::string& name) {
+        std::string result = below + name.substr(scratchFolder().size());
+        std::replace(result.begin(), result.end(), '\\', '/');
+        return result;
+    };
+    std::string commandLine = "ln -s \"" + asUnix(target) + "\" \"" + asUnix(path) + "\"";
+    STARTUPINFOA startup = {};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION process = {};
+    if (CreateProcessA("Z:\\bin\\ln", commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                       &process) == 0 ||
+        !waitFor([&path] { return !platform::fileMissing(path); })) {
+        std::abort();
+    }
 }
 
 Victim::Victim(Load load) : path_(platform::programPath()) {

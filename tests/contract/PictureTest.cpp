@@ -20,7 +20,8 @@ using Pixels = std::vector<std::uint32_t>;
 
 struct Pictures : contract::Fresh {
     PictureHandle load(const std::string& content) const {
-        REQUIRE(writeFile(scratch + "picture.bmp", content));
+        deleteFile(scratch + "picture.bmp");
+        REQUIRE(writeNewFile(scratch + "picture.bmp", content));
         return loadPictureFile(scratch + "picture.bmp");
     }
     Pixels savedPixels(const PictureHandle& picture) const {
@@ -113,7 +114,7 @@ TEST_CASE_FIXTURE(Pictures, "the icon of a program becomes a picture with alpha"
         CHECK(some([](std::uint32_t pixel) { return pixel >> 24 == 255 && pixel != 0xFF000000U; }));
         CHECK_FALSE(some([](std::uint32_t pixel) { return pixel >> 24 == 0 && pixel != 0; }));
     }
-    REQUIRE(writeFile(scratch + "text.txt", "no icon in here"));
+    REQUIRE(writeNewFile(scratch + "text.txt", "no icon in here"));
     for (const std::string& path : {scratch + "none.exe", scratch + "text.txt", std::string()}) {
         CHECK_FALSE(extractIcon(path, 32));
     }

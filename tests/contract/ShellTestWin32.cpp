@@ -94,7 +94,7 @@ TEST_CASE_FIXTURE(Desk, "a shadow falls behind a window's class and the dialogs 
 }
 
 TEST_CASE_FIXTURE(Desk, "what is launched gets its parameters and works in its folder") {
-    REQUIRE(writeFile(scratch + "run it.bat", "@echo %1-%2>started.txt\r\n"));
+    REQUIRE(writeNewFile(scratch + "run it.bat", "@echo %1-%2>started.txt\r\n"));
     REQUIRE(launch(main, "run it.bat", "one two", scratch));
     CHECK(waitFor([this] { return readFile(scratch + "started.txt") == "one-two\r\n"; }));
     for (const std::string& none :

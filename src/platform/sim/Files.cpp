@@ -43,9 +43,19 @@ bool inReadOnlyFolder(std::string key) {
     return false;
 }
 
+// Its name is taken in every folder.
+bool isDevice(std::string_view key) {
+    return key.substr(key.rfind('\\') + 1) == "nul";
+}
+
 // Whether a file can come to stand at this place.
 bool canPlaceFile(const std::string& key) {
     return !key.empty() && !isFolder(key) && isFolder(parentKey(key)) && !inReadOnlyFolder(key);
+}
+
+bool isHeld(const std::string& key) {
+    const FileEntry* entry = findEntry(key);
+    return entry != nullptr && entry->held;
 }
 
 // Counts one changing operation; false when the program was stopped before it, with `dying` set for the very
@@ -104,20 +114,16 @@ std::optional<std::string> readFile(const std::string& path, std::size_t maxByte
     return entry->content;
 }
 
-bool writeFile(const std::string& path, std::string_view content) {
-    sim::note("writeFile", path);
+bool writeNewFile(const std::string& path, std::string_view content) {
+    sim::note("writeNewFile", path);
     bool dying = false;
     const bool may = mayChange(dying);
     const std::string key = pathKey(path);
-    if (!canPlaceFile(key) || (!may && !dying)) return false;
+    if (!canPlaceFile(key) || findEntry(key) != nullptr || isDevice(key) || (!may && !dying)) return false;
 
     auto& disk = machine().disk;
-    FileEntry& entry = disk.entries.try_emplace(key, FileEntry{newPath(key, path), {}}).first->second;
-    std::size_t room = content.size();
-    if (disk.space) {
-        *disk.space += entry.content.size();
-        room = *disk.space;
-    }
+    FileEntry& entry = disk.entries.emplace(key, FileEntry{newPath(key, path), {}}).first->second;
+    std::size_t room = disk.space.value_or(content.size());
     if (dying) room = std::min(room, content.size() / 2);
     entry.content = content.substr(0, room);
     entry.lastWrite = sim::nextWrite(machine());
@@ -133,7 +139,7 @@ bool moveFileOver(const std::string& from, const std::string& to) {
     if (!mayChange(dying) || !canPlaceFile(source) || !canPlaceFile(target)) return false;
     auto& disk = machine().disk;
     const auto moved = disk.entries.find(source);
-    if (moved == disk.entries.end()) return false;
+    if (moved == disk.entries.end() || moved->second.held || isHeld(target)) return false;
 
     FileEntry entry = std::move(moved->second);
     disk.entries.erase(moved);
@@ -151,10 +157,15 @@ bool deleteFile(const std::string& path) {
     if (!mayChange(dying) || !canPlaceFile(key)) return false;
     auto& disk = machine().disk;
     const auto found = disk.entries.find(key);
-    if (found == disk.entries.end()) return false;
+    if (found == disk.entries.end() || found->second.held) return false;
     if (disk.space) *disk.space += found->second.content.size();
     disk.entries.erase(found);
     return true;
+}
+
+bool isLink(const std::string& path) {
+    const FileEntry* entry = findEntry(pathKey(path));
+    return entry != nullptr && entry->link;
 }
 
 bool fileExists(const std::string& path) {

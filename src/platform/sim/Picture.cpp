@@ -196,7 +196,8 @@ PictureHandle loadPictureFile(const std::string& path) {
 
 bool savePictureFile(const std::string& path, const PictureHandle& picture) {
     const PictureData* data = machine().pictures.find(picture.raw());
-    return data != nullptr && writeFile(path, toBmp(*data));
+    deleteFile(path);
+    return data != nullptr && writeNewFile(path, toBmp(*data));
 }
 
 Size pictureSize(const PictureHandle& picture) {

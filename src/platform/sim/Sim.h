@@ -66,6 +66,10 @@ void putFolder(const std::string& path);
 std::vector<std::string> allFiles();
 // The file is there, but reading it fails: another program holds it, or the user has no right to it.
 void setUnreadable(const std::string& path, bool unreadable);
+// Another program holds the file from now on: it can be read, but not deleted, and nothing takes its place.
+void holdFile(const std::string& path);
+// A file or folder counts as a link from now on. What it holds is its own all the same: nothing is followed.
+void setLink(const std::string& path);
 void setReadOnlyFolder(const std::string& folder, bool readOnly);
 void setDiskSpace(std::optional<std::size_t> bytes);  // writing beyond it fails after writing what fits
 // Fails every file operation (write, move, delete) after `count` more of them, as if the program was killed there.

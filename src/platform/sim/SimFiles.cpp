@@ -27,6 +27,14 @@ void setUnreadable(const std::string& path, bool unreadable) {
     machine().disk.entries.at(pathKey(path)).unreadable = unreadable;
 }
 
+void holdFile(const std::string& path) {
+    machine().disk.entries.at(pathKey(path)).held = true;
+}
+
+void setLink(const std::string& path) {
+    machine().disk.entries.at(pathKey(path)).link = true;
+}
+
 void setReadOnlyFolder(const std::string& folder, bool readOnly) {
     putFolder(folder);
     machine().disk.entries[pathKey(folder)].readOnly = readOnly;

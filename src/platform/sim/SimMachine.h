@@ -108,6 +108,8 @@ struct FileEntry {
     bool folder = false;
     bool readOnly = false;  // folders: nothing in or below it can be created, changed or removed
     bool unreadable = false;
+    bool held = false;  // files: by another program, which lets it neither be deleted nor replaced
+    bool link = false;
 };
 struct Disk {
     std::map<std::string, FileEntry> entries;  // by pathKey

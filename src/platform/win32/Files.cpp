@@ -1,7 +1,9 @@
 #include "platform/Files.h"
 
 #include "platform/Handle.h"
+#include "platform/win32/SystemLibrary.h"
 #include "platform/win32/Win32.h"
+#include "platform/win32/WineProcesses.h"
 
 #include <shlobj.h>
 
@@ -43,6 +45,28 @@ bool endsWith(const std::string& name, const std::string& ending) {
            lstrcmpiA(name.c_str() + (name.size() - ending.size()), ending.c_str()) == 0;
 }
 
+// The path of a file or folder with all links followed; empty when it cannot be told.
+std::string finalPath(const std::string& path) {
+    using Read = DWORD(WINAPI*)(HANDLE, LPSTR, DWORD, DWORD);
+    static const auto read = systemFunction<Read>("kernel32.dll", "GetFinalPathNameByHandleA");
+    const auto opened =
+        ownerOf<FileHandle>(CreateFileA(path.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                        nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    char found[1024];
+    const DWORD length = read == nullptr || !opened ? 0 : read(handleOf(opened), found, sizeof found, 0);
+    return length < sizeof found ? std::string(found, length) : std::string();
+}
+
+// Wine takes a symbolic link to a file for the file: it does not tell that there is a link, and deletes what the
+// link leads to.
+bool followedByWine(const std::string& path) {
+    if (!wine::present() || path.back() == '\\') return false;
+    const std::size_t name = path.rfind('\\') + 1;
+    const std::string found = finalPath(path);
+    const std::string expected = finalPath(path.substr(0, name)) + "\\" + path.substr(name);
+    return !found.empty() && lstrcmpiA(found.c_str(), expected.c_str()) != 0;
+}
+
 }  // namespace
 
 std::optional<std::string> readFile(const std::string& path, std::size_t maxBytes) {
@@ -70,11 +94,12 @@ std::optional<std::string> readFile(const std::string& path, std::size_t maxByte
     return content;
 }
 
-bool writeFile(const std::string& path, std::string_view content) {
+bool writeNewFile(const std::string& path, std::string_view content) {
     if (namesNothing(path)) return false;
     const auto file = ownerOf<FileHandle>(
-        CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (!file) return false;
+        CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
+    // A device such as "LPT1" has its name in every folder.
+    if (!file || GetFileType(handleOf(file)) != FILE_TYPE_DISK) return false;
     std::size_t done = 0;
     while (done < content.size()) {
         const DWORD wanted = static_cast<DWORD>(std::min(content.size() - done, kBlock));
@@ -92,7 +117,14 @@ bool moveFileOver(const std::string& from, const std::string& to) {
 }
 
 bool deleteFile(const std::string& path) {
-    return !namesNothing(path) && DeleteFileA(path.c_str()) != 0;
+    return !namesNothing(path) && !followedByWine(path) && DeleteFileA(path.c_str()) != 0;
+}
+
+bool isLink(const std::string& path) {
+    if (namesNothing(path)) return false;
+    const DWORD attributes = GetFileAttributesA(path.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES) return false;
+    return (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 || followedByWine(path);
 }
 
 bool fileExists(const std::string& path) {

@@ -102,7 +102,8 @@ bool savePictureFile(const std::string& path, const PictureHandle& picture) {
         const std::span<const Pixel> row = pixels.subspan(static_cast<std::size_t>(y) * width, width);
         content.append(reinterpret_cast<const char*>(row.data()), row.size_bytes());
     }
-    return writeFile(path, content);
+    deleteFile(path);
+    return writeNewFile(path, content);
 }
 
 }  // namespace platform

@@ -3,5 +3,5 @@
 #include "platform/Machine.h"
 
 int main() {
-    return platform::writeFile("answer.txt", platform::commandLine()) ? 0 : 1;
+    return platform::writeNewFile("answer.txt", platform::commandLine()) ? 0 : 1;
 }

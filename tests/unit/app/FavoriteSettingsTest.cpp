@@ -83,7 +83,7 @@ TEST_CASE_FIXTURE(Desk, "One favourite gets another affinity and priority") {
     sim::pressKey(key::kEscape);
     CHECK(told.size() == 1);
     CHECK(Saved() == Lines("01\tDefault", "12\tLow"));
-    CHECK(Logged("writeFile") == 0);
+    CHECK(Logged("writeNewFile") == 0);
 
     Open({1});
     platform::Window& panel = *sim::findWindow(kPanel);

@@ -145,7 +145,7 @@ TEST_CASE_FIXTURE(Desk, "A parameter is edited in place") {
     edit({1});
     sim::typeText("three");
     sim::pressKey(key::kEscape);
-    CHECK(Logged("writeFile") == 0);
+    CHECK(Logged("writeNewFile") == 0);
     Answer(key::kEnter);
     edit({0, 1});  // only one at a time
     CHECK(told.back().starts_with("File Parameter\n"));

@@ -43,7 +43,7 @@ TEST_CASE_FIXTURE(Bench, "loading shows the profile in the file's order and leav
     CHECK(Shown() == Names{"b.exe", std::string("x\0y.exe", 7)});
     CHECK(list.CellText(1, favorites::kColIcon) == "2");
     CHECK(balloons.empty());
-    for (const std::string& entry : sim::log()) CHECK(entry.find("writeFile") == std::string::npos);
+    for (const std::string& entry : sim::log()) CHECK(entry.find("writeNewFile") == std::string::npos);
     CHECK(favs.Save());
     CHECK(Saved() == kHeader + lines);
 }

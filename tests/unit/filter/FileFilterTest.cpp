@@ -90,7 +90,7 @@ TEST_CASE_FIXTURE(Bench, "loading sorts the names, however many, and leaves the 
         CHECK(filter.Contains(name));
     }
     for (const char* name : {"", "a", "a.exe ", "C:\\a.exe"}) CHECK_FALSE(filter.Contains(name));
-    for (const std::string& entry : sim::log()) CHECK(entry.find("writeFile") == std::string::npos);
+    for (const std::string& entry : sim::log()) CHECK(entry.find("writeNewFile") == std::string::npos);
 }
 
 TEST_CASE_FIXTURE(Bench, "programs are added by file name, sorted, with icons, and removed the same way") {

@@ -37,7 +37,7 @@ struct Machine {
         CHECK(sim::openHandles() == 0);
         // Whatever happened: nothing was written, moved, deleted or stored.
         for (const std::string& entry : sim::log()) {
-            for (const char* forbidden : {"writeFile", "moveFile", "deleteFile", "createFolders", "store"}) {
+            for (const char* forbidden : {"writeNewFile", "moveFile", "deleteFile", "createFolders", "store"}) {
                 CHECK_MESSAGE(!entry.starts_with(forbidden), entry);
             }
         }

@@ -48,7 +48,7 @@ TEST_CASE("a file that is too large cannot be read, and none is written that cou
 
 TEST_CASE("a program stopped at any step of a save leaves the old file or the new one") {
     int completed = 0;
-    for (int steps = 0; steps <= 3; ++steps) {
+    for (int steps = 0; steps <= 4; ++steps) {
         CAPTURE(steps);
         sim::reset();
         sim::putFile(kPath, kOld);
@@ -63,7 +63,21 @@ TEST_CASE("a program stopped at any step of a save leaves the old file or the ne
         CHECK(sim::file(kPath) == kNew);
         CHECK_FALSE(sim::file(kPath + ".new"));
     }
-    CHECK(completed == 2);  // writing and moving are all there is to it
+    CHECK(completed == 2);  // making room, writing and moving are all there is to it
+}
+
+TEST_CASE("what stands in the place of the temporary file is not written to, and costs no save") {
+    sim::reset();
+    sim::putFile(kPath, kOld);
+    sim::putFolder(kPath + ".new");
+    sim::putFile(kPath + ".new2", "theirs");
+    sim::holdFile(kPath + ".new2");
+    CHECK(storage::WriteWhole(kPath, kNew));
+    CHECK(sim::file(kPath) == kNew);
+    CHECK(sim::file(kPath + ".new2") == "theirs");
+    sim::putFile(kPath + ".new3", "left behind");
+    storage::CleanUpAfter(kPath);
+    CHECK_FALSE(sim::file(kPath + ".new3"));
 }
 
 TEST_CASE("a save that fails changes nothing and leaves nothing behind") {
