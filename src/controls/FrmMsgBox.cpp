@@ -134,6 +134,7 @@ std::optional<int> MsgBoxes::Ask(const std::string& text, MsgStyle style, const 
                                  platform::Window& owner, bool sound) {
     FrmMsgBox box;
     if (!box.Create(text, style, title, owner)) return kMsgNo;
+    platform::beginModal(box);
     if (sound && style == MsgStyle::Information) platform::beep();
     if (sound && style == MsgStyle::Question) platform::playSound("SystemQuestion");
     if (!owner.visible()) {
@@ -143,7 +144,7 @@ std::optional<int> MsgBoxes::Ask(const std::string& text, MsgStyle style, const 
     }
     box.FocusDefault();
     platform::Window* const below = std::exchange(box_, &box);
-    platform::runModal(box, owner);
+    platform::runModal(box);
     box_ = below;
     if (box.Answer()) lastAnswer_ = *box.Answer();
     // A question that went with its owner was never answered; an old Yes must not stand in for it.

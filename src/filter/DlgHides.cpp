@@ -39,7 +39,7 @@ void DlgHides::ShowModal(platform::Window& owner) {
     if (!Create(owner)) return;
     ReLoad();
     ucFilter_.focus();
-    platform::runModal(*this, owner);
+    platform::runModal(*this);
     parts_.filter.Icons().Release();
 }
 

@@ -14,7 +14,8 @@ struct FileType {
     std::string pattern;  // "*.exe;*.scr"
 };
 
-// Lets the user pick one existing file; nullopt when cancelled. Modal: timers go on. GetOpenFileNameA.
+// Lets the user pick one existing file; nullopt when cancelled. Modal, as in Window.h: timers go on.
+// GetOpenFileNameA.
 std::optional<std::string> chooseFile(Window& owner, const std::string& title, const std::vector<FileType>& types);
 
 // Opens a document with the program registered for it, without waiting; false when the shell refuses.

@@ -59,8 +59,9 @@ public:
     void show(ShowCommand command);  // ShowWindow, SetWindowPlacement
     bool visible() const;            // IsWindowVisible
     WindowState state() const;       // IsIconic, IsZoomed
-    void bringToFront();             // with its dialog if that disabled it; SetForegroundWindow, SetWindowPos
-    void setTopmost(bool topmost);   // SetWindowPos
+    // The modal dialog in its place, when one keeps it from input. SetForegroundWindow, SetWindowPos.
+    void bringToFront();
+    void setTopmost(bool topmost);  // SetWindowPos
     // A drop shadow behind every window of this one's class and behind the dialogs created with such a window as
     // parent. CS_DROPSHADOW, SetClassLongA (GCL_STYLE).
     void addDropShadow();
@@ -72,8 +73,9 @@ public:
     // To be called while the left button goes down on the window: the user drags it, as by a caption. Comes back
     // when the button is let go; timers go on meanwhile. ReleaseCapture, WM_NCLBUTTONDOWN with HTCAPTION.
     void dragAsByCaption();
+    // What is wanted while a modal dialog keeps a top-level window from input holds when that has ended.
     void enable(bool enabled);  // EnableWindow
-    bool enabled() const;
+    bool enabled() const;       // IsWindowEnabled: of the window itself, and no modal dialog keeps it from input
     void setText(const std::string& text);  // SetWindowTextA
     std::string text() const;
 
@@ -135,8 +137,12 @@ int runMessageLoop();     // GetMessageW, DispatchMessageW
 void postQuit(int code);  // PostQuitMessage
 // Dispatches what is waiting, then returns. PeekMessageW.
 void pumpMessages();
-// Shows a dialog, with its owner disabled, and runs until it is destroyed or hidden.
-void runModal(Window& dialog, Window& owner);
+// From now until `dialog` is hidden or destroyed the other top-level windows of the program take no input: they are
+// disabled, also those made meanwhile, but for the ones that the dialog owns. When several dialogs are modal the
+// last one counts. Balloon tips are left alone.
+void beginModal(Window& dialog);
+// Shows a dialog, modal if that has not begun yet, and runs until it is destroyed or hidden.
+void runModal(Window& dialog);
 
 // The busy pointer for as long as the guard lives.
 class BusyPointer {

@@ -73,7 +73,7 @@ void restartShell(Window& main);        // likewise
 void endSession(Window& main);          // likewise
 
 // runModal, with `script` run once the dialog is up: it must end the dialog.
-void runModal(Window& dialog, Window& owner, std::function<void()> script);
+void runModal(Window& dialog, std::function<void()> script);
 
 // The user at the icon that `owner` has put into the notification area.
 void trayEvent(Window& owner, std::uint32_t iconId, TrayEvent event);

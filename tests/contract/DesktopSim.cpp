@@ -34,9 +34,9 @@ void endSession(Window&) {
     sim::endSession();
 }
 
-void runModal(Window& dialog, Window& owner, std::function<void()> script) {
+void runModal(Window& dialog, std::function<void()> script) {
     sim::whenModal([script](Window&) { script(); });
-    platform::runModal(dialog, owner);
+    platform::runModal(dialog);
 }
 
 void trayEvent(Window&, std::uint32_t, TrayEvent event) {

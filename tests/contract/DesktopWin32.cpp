@@ -200,14 +200,14 @@ void endSession(Window& main) {
     SendMessageA(hwndOf(main), WM_ENDSESSION, TRUE, 0);
 }
 
-void runModal(Window& dialog, Window& owner, std::function<void()> script) {
+void runModal(Window& dialog, std::function<void()> script) {
     TimerHandle timer;
     timer = startTimer(50, [&timer, script](std::uintptr_t) {
         const std::function<void()> run = script;  // closing the timer may take this closure along
         timer.reset();
         run();
     });
-    platform::runModal(dialog, owner);
+    platform::runModal(dialog);
 }
 
 void trayEvent(Window& owner, std::uint32_t iconId, TrayEvent event) {

@@ -24,7 +24,7 @@ TEST_CASE_FIXTURE(Desk, "the mouse is held by one window, which is told when it 
     a.capture();
     log.clear();
     Probe dialog("dialog", log, asDialogOf(main));
-    contract::runModal(dialog, main, [&] {  // which takes it away
+    contract::runModal(dialog, [&] {  // which takes it away
         CHECK(has(log, "a captureLost"));
         CHECK_FALSE(a.captured());
         dialog.destroy();

@@ -190,15 +190,18 @@ TEST_CASE_FIXTURE(Desk, "a modal dialog stands before its owner until it is hidd
     Probe dialog("dialog", log, asDialogOf(main));
     Probe first("first", log, asChildOf(dialog, {10, 10, 60, 30}, true));
 
-    contract::runModal(dialog, main, [&] {
+    contract::runModal(dialog, [&] {
         CHECK(dialog.visible());
         CHECK_FALSE(main.enabled());
         CHECK(first.focused());
         main.bringToFront();  // with its dialog, which keeps the keyboard
-        bringWindowToFront(main.native());
-        showNormalAsync(main.native());
-        pumpMessages();
-        CHECK(first.focused());
+        for (const ShowCommand before : {ShowCommand::ShowInactive, ShowCommand::Minimize, ShowCommand::Hide}) {
+            main.show(before);
+            showNormalAsync(main.native());
+            bringWindowToFront(main.native());
+            CHECK(waitFor([&] { return main.visible() && main.state() == WindowState::Normal; }));
+            CHECK(waitFor([&] { return first.focused(); }));
+        }
         dialog.show(ShowCommand::Hide);
         CHECK(main.enabled());
         log.push_back("ran");
@@ -209,29 +212,90 @@ TEST_CASE_FIXTURE(Desk, "a modal dialog stands before its owner until it is hidd
 
     // The object may go with its window.
     auto other = std::make_unique<Probe>("other", log, asDialogOf(main));
-    contract::runModal(*other, main, [&] { other.reset(); });
+    contract::runModal(*other, [&] { other.reset(); });
     CHECK(main.enabled());
     CHECK(b.focused());
 
-    Probe second("second", log, asDialogOf(dialog));
-    contract::runModal(dialog, main, [&] {
-        contract::runModal(second, dialog, [&] {
-            CHECK_FALSE(dialog.enabled());
-            CHECK_FALSE(main.enabled());
-            contract::closeBox(second);
-        });
-        CHECK_FALSE(second.exists());
-        CHECK(dialog.enabled());
-        CHECK_FALSE(main.enabled());
-        dialog.destroy();
-    });
-    CHECK_FALSE(dialog.exists());
-    CHECK(main.enabled());
-
     Probe last("last", log, asDialogOf(main));
     main.enable(false);  // who was disabled before stays so
-    contract::runModal(last, main, [&] { last.destroy(); });
+    contract::runModal(last, [&] { last.destroy(); });
     CHECK_FALSE(main.enabled());
+}
+
+TEST_CASE_FIXTURE(Desk, "a modal dialog keeps all other windows from input, also those made meanwhile") {
+    Probe gadget("gadget", log, asGadget({600, 100, 700, 200}));
+    Probe list("list", log, asListOf(a, {200, 200, 300, 300}));
+    Probe off("off", log, asMain());
+    off.enable(false);
+    gadget.show(ShowCommand::Show);
+    Probe dialog("dialog", log, asDialogOf(main));
+    Probe first("first", log, asChildOf(dialog, {10, 10, 60, 30}, true));
+
+    contract::runModal(dialog, [&] {
+        Probe late("late", log, asGadget({0, 0, 10, 10}));
+        Probe owned("owned", log, asListOf(first, {0, 0, 10, 10}));
+        for (const Probe* none : {&main, &gadget, &list, &off, &late}) CHECK_FALSE(none->enabled());
+        for (const Probe* each : {&dialog, &owned}) CHECK(each->enabled());
+        log.clear();
+        contract::clickOnScreen(gadget, {5, 5});
+        CHECK(handUntil(contract::clickOnScreen, first, {5, 5}, [&] { return has(log, "first up left 5,5"); }));
+        CHECK_FALSE(has(log, "gadget down left held 5,5"));
+        gadget.enable(false);  // what is wanted now holds later
+        off.enable(true);
+        CHECK_FALSE(off.enabled());
+        dialog.destroy();
+        CHECK(late.enabled());
+    });
+    for (const Probe* each : {&main, &list, &off}) CHECK(each->enabled());
+    CHECK_FALSE(gadget.enabled());
+}
+
+TEST_CASE_FIXTURE(Desk, "of several modal dialogs the last one counts") {
+    b.focus();
+    Probe dialog("dialog", log, asDialogOf(main));
+    Probe first("first", log, asChildOf(dialog, {10, 10, 60, 30}, true));
+    const auto onlyOneEnabled = [&](const Probe& one) {
+        for (const Probe* each : {&main, &dialog}) CHECK(each->enabled() == (each == &one));
+        CHECK(one.enabled());
+    };
+    SUBCASE("that it goes gives the one below the keyboard back") {
+        contract::runModal(dialog, [&] {
+            for (Window* owner : {static_cast<Window*>(&main), static_cast<Window*>(&dialog)}) {
+                Probe second("second", log, asDialogOf(*owner));
+                contract::runModal(second, [&] {
+                    onlyOneEnabled(second);
+                    contract::closeBox(second);
+                });
+                CHECK_FALSE(second.exists());
+                onlyOneEnabled(dialog);
+                CHECK(waitFor([&] { return first.focused(); }));
+            }
+            dialog.destroy();
+        });
+    }
+    SUBCASE("that one below it goes changes nothing") {
+        Probe second("second", log, asDialogOf(main));
+        contract::runModal(dialog, [&] {
+            contract::runModal(second, [&] {
+                dialog.destroy();
+                onlyOneEnabled(second);
+                second.destroy();
+            });
+        });
+    }
+    SUBCASE("they go with what owns them") {
+        Probe options("options", log, asDialogOf(main));
+        Probe second("second", log, asDialogOf(options));
+        options.show(ShowCommand::Show);
+        contract::runModal(second, [&] {
+            onlyOneEnabled(second);
+            options.destroy();
+            CHECK_FALSE(second.exists());
+        });
+        dialog.destroy();
+    }
+    CHECK(main.enabled());
+    CHECK(waitFor([&] { return b.focused(); }));
 }
 
 TEST_CASE_FIXTURE(Desk, "minimising and maximising change the state and keep the restored rectangle") {

@@ -58,18 +58,23 @@ void pumpMessages() {
     sim::run(0);
 }
 
-void runModal(Window& dialog, Window& owner) {
+void beginModal(Window& dialog) {
+    const auto& modals = machine().desktop.modals;
+    if (!dialog.exists() || std::find(modals.begin(), modals.end(), dialog.native()) != modals.end()) return;
+    sim::beginModal(dialog.native());
+}
+
+void runModal(Window& dialog) {
     // By number: the objects may be gone before this ends.
     const std::uintptr_t native = dialog.native();
     const WindowPointer record = sim::findRecord(native);
     if (!record) return;
     sim::note("runModal", record->title);
-    sim::setCapture(0);
-    if (sim::disableOwner(owner.native())) record->modalOwner = owner.native();
+    beginModal(dialog);
     dialog.show(ShowCommand::Show);
     sim::run(sim::kModalMilliseconds);
     if (isRunning(native)) runScript(native);
-    sim::endModal(*record);
+    sim::endModal(native);
 }
 
 BusyPointer::BusyPointer() {

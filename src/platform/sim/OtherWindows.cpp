@@ -43,7 +43,7 @@ WindowFacts factsOf(const sim::WindowRecord& record) {
     facts.parent = record.kind == WindowKind::Main ? 0 : record.parent;  // which leaves out owners of such windows
     facts.owner = record.parent;
     facts.visible = sim::isVisible(record);
-    facts.style = styleOf(record.kind) | (record.shown ? kVisible : 0) | (record.enabled ? 0 : kDisabled);
+    facts.style = styleOf(record.kind) | (record.shown ? kVisible : 0) | (sim::isEnabled(record) ? 0 : kDisabled);
     facts.caption = record.title;
     facts.className = record.className;
     facts.process = currentProcessId();

@@ -7,12 +7,11 @@
 
 namespace platform {
 
-std::optional<std::string> chooseFile(Window& owner, const std::string& title, const std::vector<FileType>&) {
+std::optional<std::string> chooseFile(Window&, const std::string& title, const std::vector<FileType>&) {
     sim::note("chooseFile", title);
-    const std::uintptr_t native = owner.native();
-    const bool disabled = sim::disableOwner(native);
+    sim::beginModal(0);
     sim::run(sim::kModalMilliseconds);
-    if (disabled) sim::enableOwner(native);
+    sim::endModal(0);
     auto& answers = sim::machine().desktop.fileAnswers;
     if (answers.empty()) return std::nullopt;
     std::optional<std::string> answer = std::move(answers.front());

@@ -37,6 +37,13 @@ std::uintptr_t focusWhenActivated(const WindowRecord& window) {
     return stops.empty() ? window.native : stops.front();
 }
 
+// The window is that one, or owned by it, or by what it owns.
+bool belongsTo(const WindowRecord& window, std::uintptr_t outer) {
+    if (window.native == outer) return true;
+    const WindowPointer owner = findRecord(window.parent);
+    return owner && belongsTo(*owner, outer);
+}
+
 // What a topmost window owns is topmost too.
 bool isTopmost(const WindowRecord& window) {
     if (window.topmost || window.kind == WindowKind::Popup) return true;
@@ -118,8 +125,15 @@ bool isVisible(const WindowRecord& record) {
     return parent && isVisible(*parent);
 }
 
+bool isEnabled(const WindowRecord& record) {
+    const auto& modals = machine().desktop.modals;
+    const bool blocked = record.kind != WindowKind::Child && !modals.empty() && !belongsTo(record, modals.back());
+    return record.enabled && !blocked;
+}
+
 bool takesInput(const WindowRecord& record) {
-    if (!record.enabled || record.kind != WindowKind::Child) return record.enabled;
+    if (record.kind != WindowKind::Child) return isEnabled(record);
+    if (!record.enabled) return false;
     const WindowPointer parent = findRecord(record.parent);
     return parent && takesInput(*parent);
 }
@@ -179,7 +193,12 @@ void setFocus(std::uintptr_t native) {
 
 void activate(const WindowPointer& window) {
     Desktop& desktop = machine().desktop;
-    if (!window || !window->enabled || window->kind == WindowKind::Popup) return;
+    if (!window || window->kind == WindowKind::Popup) return;
+    if (!takesInput(*window)) {
+        const auto& modals = desktop.modals;
+        if (!modals.empty() && modals.back() != window->native) activate(findRecord(modals.back()));
+        return;
+    }
     raise(window);
     if (desktop.active == window->native && holds(*window, desktop.focus)) return;
     desktop.active = window->native;
@@ -190,9 +209,12 @@ void deactivate(const WindowPointer& window) {
     Desktop& desktop = machine().desktop;
     if (desktop.active != window->native) return;
     desktop.active = 0;
-    const WindowPointer owner = findRecord(window->parent);
-    if (owner && owner->shown && owner->enabled && !owner->destroying) {
+    WindowPointer owner = findRecord(window->parent);
+    while (owner && owner->destroying) owner = findRecord(owner->parent);
+    if (owner && owner->shown && takesInput(*owner)) {
         activate(owner);
+    } else if (!desktop.modals.empty() && desktop.modals.back() != window->native) {
+        activate(findRecord(desktop.modals.back()));
     } else {
         setFocus(0);
     }
@@ -266,7 +288,7 @@ void destroyRecord(const WindowPointer& record, bool silently) {
         record->object = nullptr;
         silence(*record);
     }
-    endModal(*record);
+    endModalsOf(*record);
     leaveFocusInside(record);
     destroyInside(record);
     forgetInput(*record);
@@ -280,19 +302,22 @@ void destroyRecord(const WindowPointer& record, bool silently) {
     WindowAccess::destroyed(*record->object);  // the object may be gone afterwards
 }
 
-bool disableOwner(std::uintptr_t owner) {
-    const WindowPointer record = findRecord(owner);
-    if (!record || !record->enabled) return false;
-    record->enabled = false;
-    return true;
+void beginModal(std::uintptr_t dialog) {
+    setCapture(0);
+    machine().desktop.modals.push_back(dialog);
 }
 
-void enableOwner(std::uintptr_t owner) {
-    if (const WindowPointer record = findRecord(owner)) record->enabled = true;
+void endModal(std::uintptr_t dialog) {
+    auto& modals = machine().desktop.modals;
+    const auto last = std::find(modals.rbegin(), modals.rend(), dialog);
+    if (last != modals.rend()) modals.erase(std::next(last).base());
 }
 
-void endModal(WindowRecord& dialog) {
-    enableOwner(std::exchange(dialog.modalOwner, 0));
+void endModalsOf(const WindowRecord& window) {
+    std::erase_if(machine().desktop.modals, [&window](std::uintptr_t native) {
+        const WindowPointer dialog = findRecord(native);
+        return dialog && belongsTo(*dialog, window.native);
+    });
 }
 
 }  // namespace platform::sim

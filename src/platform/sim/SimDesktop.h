@@ -50,6 +50,7 @@ WindowPointer topLevel(const WindowPointer& inside);  // the window that holds i
 std::vector<WindowPointer> topLevelsFromTop();        // shown or not
 void raise(const WindowPointer& window);              // a top-level window, and with it its owners and what it owns
 bool isVisible(const WindowRecord& record);
+bool isEnabled(const WindowRecord& record);   // the window itself, and no dialog is modal before it
 bool takesInput(const WindowRecord& record);  // it and all that hold it are enabled
 Size clientSizeOf(const WindowRecord& record);
 Point clientOrigin(const WindowRecord& record);  // in screen pixels
@@ -89,10 +90,10 @@ void paintRecord(const WindowPointer& record);
 void paintTree(const WindowPointer& record);  // what is invalid in it and the windows inside
 void paintInvalid();                          // what is invalid and can be seen
 
-// Disables the window behind a modal one; true when it was enabled before.
-bool disableOwner(std::uintptr_t owner);
-void enableOwner(std::uintptr_t owner);
-void endModal(WindowRecord& dialog);
+// A dialog, or 0 for one of the system's, keeps all windows from input that it does not own.
+void beginModal(std::uintptr_t dialog);
+void endModal(std::uintptr_t dialog);
+void endModalsOf(const WindowRecord& window);  // as it goes: of it and of what it owns
 
 }  // namespace sim
 

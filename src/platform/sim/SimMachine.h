@@ -170,7 +170,7 @@ struct WindowRecord {
     bool restoreToMaximized = false;
     bool shown = false;
     bool sizeSent = false;
-    bool enabled = true;
+    bool enabled = true;  // as the program has it
     bool tabStop = false;
     bool topmost = false;
     std::uintptr_t height = 0;  // top-level: above those with a lower one, as far as both are topmost or not
@@ -182,7 +182,6 @@ struct WindowRecord {
     Selection selection;        // of a text box
     bool ownersShadow = false;  // a dialog whose parent had a drop shadow when it was created
     std::map<std::string, std::uintptr_t> properties;  // by lower-case name
-    std::uintptr_t modalOwner = 0;                     // disabled until this dialog hides or goes
     Pointer pointer = Pointer::Arrow;
     std::uintptr_t lastFocus = 0;  // top-level: what gets the focus when it is activated again
     Rect invalid;
@@ -208,6 +207,8 @@ struct Desktop {
     Modifiers modifiers;               // of the event that is being told
     std::set<std::uint16_t> heldKeys;  // virtual key codes
     std::deque<Point> drags;           // how far the user drags a window, one each time
+    // The dialogs that are modal; the last one counts. 0 is one of the system's, which is no window here.
+    std::vector<std::uintptr_t> modals;
     int busy = 0;
     int quitCode = -1;
     std::uint64_t drawCount = 0;

@@ -65,7 +65,7 @@ void setState(const WindowPointer& record, WindowState state) {
 }
 
 void hide(const WindowPointer& record) {
-    sim::endModal(*record);
+    sim::endModal(record->native);
     if (!record->shown) return;
     record->shown = false;
     sim::leaveFocusInside(record);
@@ -198,7 +198,7 @@ void Window::enable(bool enabled) {
 
 bool Window::enabled() const {
     const WindowPointer record = findRecord(native_);
-    return record && record->enabled;
+    return record && sim::isEnabled(*record);
 }
 
 void Window::setText(const std::string& text) {

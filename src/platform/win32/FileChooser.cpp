@@ -2,6 +2,7 @@
 // files.
 #include "platform/Shell.h"
 #include "platform/Window.h"
+#include "platform/win32/Modal.h"
 #include "platform/win32/Win32.h"
 #include "platform/win32/WindowData.h"
 
@@ -25,7 +26,7 @@ std::optional<std::string> chooseFile(Window& owner, const std::string& title, c
     request.lpstrTitle = title.c_str();
     // Without NOCHANGEDIR the chooser would leave the program in the folder chosen from.
     request.Flags = OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
-    cancelCapture();
+    const SystemModal modal(hwndOf(owner));
     if (GetOpenFileNameA(&request) == 0) return std::nullopt;
     return std::string(path);
 }

@@ -28,6 +28,7 @@ void rememberFocus(HWND hwnd, WindowData& data) {
 }
 
 bool restoreFocus(HWND hwnd, WindowData& data) {
+    if (!IsWindowEnabled(hwnd)) return false;  // a dialog is in front of it: later
     HWND focus = data.focusToRestore;
     data.focusToRestore = nullptr;
     // What was hidden meanwhile leaves it to what holds it, as it does when it is hidden with the focus.

@@ -78,8 +78,8 @@ void showNormalAsync(std::uintptr_t window) {
     const HWND hwnd = windowOf(window);
     if (hwnd == nullptr) return;
     // One with a dialog in front of it is not to take the keyboard from that.
-    const bool behind = !IsWindowEnabled(hwnd) && !IsIconic(hwnd);
-    ShowWindowAsync(hwnd, behind ? SW_SHOWNA : SW_SHOWNORMAL);
+    const int behind = IsIconic(hwnd) ? SW_SHOWNOACTIVATE : SW_SHOWNA;
+    ShowWindowAsync(hwnd, IsWindowEnabled(hwnd) ? SW_SHOWNORMAL : behind);
 }
 
 void bringWindowToFront(std::uintptr_t window) {

@@ -1,6 +1,7 @@
 // The message loop, modal dialogs, and where the wheel goes. Messages are taken as Unicode, for the sake of what is
 // typed into text boxes; windows that do not speak it are sent theirs in the code page.
 #include "platform/Window.h"
+#include "platform/win32/Modal.h"
 #include "platform/win32/Win32.h"
 #include "platform/win32/WindowData.h"
 
@@ -24,14 +25,6 @@ void dispatch(MSG& message) {
     DispatchMessageW(&message);
 }
 
-void beginModal(HWND dialog, HWND owner) {
-    cancelCapture();
-    WindowData* data = dataOf(dialog);
-    if (data == nullptr || owner == nullptr || !IsWindowEnabled(owner)) return;
-    EnableWindow(owner, FALSE);
-    data->modalOwner = owner;
-}
-
 }  // namespace
 
 void cancelCapture() {
@@ -39,16 +32,14 @@ void cancelCapture() {
 }
 
 void raise(HWND window) {
-    const HWND target = IsWindowEnabled(window) ? window : GetLastActivePopup(window);
+    HWND target = window;
+    if (!IsWindowEnabled(window)) {
+        const HWND dialog = modalInFrontOf(window);
+        target = dialog != nullptr ? dialog : GetLastActivePopup(window);
+    }
     SetForegroundWindow(target);
     // One that was in front already does not rise by that above what was shown over it.
     SetWindowPos(target, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_ASYNCWINDOWPOS);
-}
-
-void endModal(WindowData& data) {
-    const HWND owner = data.modalOwner;
-    data.modalOwner = nullptr;
-    if (owner != nullptr) EnableWindow(owner, TRUE);
 }
 
 int runMessageLoop() {
@@ -72,10 +63,10 @@ void pumpMessages() {
     }
 }
 
-void runModal(Window& dialog, Window& owner) {
+void runModal(Window& dialog) {
     const HWND hwnd = hwndOf(dialog);
     if (!IsWindow(hwnd)) return;
-    beginModal(hwnd, hwndOf(owner));
+    beginModal(dialog);
     dialog.show(ShowCommand::Show);
     // Asked by handle: a dialog's object may be gone when its window is.
     MSG message{};
@@ -87,8 +78,7 @@ void runModal(Window& dialog, Window& owner) {
         }
         dispatch(message);
     }
-    if (!IsWindow(hwnd)) return;
-    if (WindowData* data = dataOf(hwnd)) endModal(*data);
+    endModal(hwnd);
 }
 
 }  // namespace platform

@@ -5,6 +5,7 @@
 
 #include <shellapi.h>
 
+#include "platform/win32/Modal.h"
 #include "platform/win32/WindowData.h"
 
 namespace platform {
@@ -129,7 +130,7 @@ Window::~Window() {
     if (WindowData* data = dataOf(hwnd)) {
         // The derived part of the object is gone, and maybe what its controls belong to: from here on none of
         // their handlers may run.
-        endModal(*data);
+        endModalsOf(hwnd);
         data->window = nullptr;
         EnumChildWindows(hwnd, silence, 0);
     }
@@ -160,14 +161,14 @@ bool Window::create(const WindowSpec& spec) {
 void Window::destroy() {
     if (native_ == 0) return;
     const HWND hwnd = hwndOf(*this);
-    if (WindowData* data = dataOf(hwnd)) endModal(*data);
+    endModalsOf(hwnd);
     DestroyWindow(hwnd);
 }
 
 void Window::show(ShowCommand command) {
     const HWND hwnd = hwndOf(*this);
     if (WindowData* data = dataOf(hwnd)) {
-        if (command == ShowCommand::Hide) endModal(*data);
+        if (command == ShowCommand::Hide) endModal(hwnd);
         if (command == ShowCommand::Hide || command == ShowCommand::Minimize) rememberFocus(hwnd, *data);
         if (data->kind == WindowKind::Popup && command != ShowCommand::Hide) {
             command = ShowCommand::ShowInactive;
@@ -205,7 +206,10 @@ void Window::addDropShadow() {
 }
 
 void Window::enable(bool enabled) {
-    EnableWindow(hwndOf(*this), enabled);
+    WindowData* data = native_ != 0 ? dataOf(hwndOf(*this)) : nullptr;
+    if (data == nullptr) return;
+    data->enabled = enabled;
+    EnableWindow(hwndOf(*this), mayTakeInput(hwndOf(*this), *data));
 }
 
 bool Window::enabled() const {

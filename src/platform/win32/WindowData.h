@@ -20,7 +20,7 @@ struct WindowData {
     bool leftWhileCapturing = false;       // the pointer; to be told when the capture ends
     bool dragged = false;                  // by dragAsByCaption
     HWND focusToRestore = nullptr;         // the child that had the focus when the window was deactivated
-    HWND modalOwner = nullptr;             // the window disabled by runModal for this one
+    bool enabled = true;                   // as the program has it; a modal dialog may keep it from input besides
     std::vector<std::uint32_t> trayIcons;  // ids of its icons in the notification area
     IconHandle smallIcon;                  // of the caption
     IconHandle largeIcon;                  // of the task switcher
@@ -85,11 +85,8 @@ void focusNextTabStop(HWND root, HWND current, bool backwards);
 void endDrag(const WindowData& data);
 // Takes the mouse from the window that captures it: a modal window must get every click.
 void cancelCapture();
-// Brings a top-level window to the front, which may be another program's; a disabled one stays behind its dialog,
-// which comes instead.
+// Brings a top-level window to the front, which may be another program's; a disabled one stays behind the dialog in
+// front of it, which comes instead.
 void raise(HWND window);
-// Enables the owner of a modal window again. Must come before the window goes: Windows hands the activation to
-// another program when the owner is still disabled.
-void endModal(WindowData& data);
 
 }  // namespace platform

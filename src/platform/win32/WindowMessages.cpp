@@ -9,6 +9,7 @@
 #include <optional>
 #include <utility>
 
+#include "platform/win32/Modal.h"
 #include "platform/win32/WindowData.h"
 
 namespace platform {
@@ -354,6 +355,7 @@ LRESULT detach(const Message& m, WindowData* data) {
     Window* window = data->window;
     const WNDPROC base = data->base;
     endDrag(*data);
+    if (data->kind != WindowKind::Child) removeTopLevel(m.hwnd);
     SetWindowLongPtrA(m.hwnd, GWLP_USERDATA, 0);
     const LRESULT result = CallWindowProcA(base, m.hwnd, m.id, m.wParam, m.lParam);
     delete data;
@@ -382,6 +384,7 @@ WindowData* attach(HWND hwnd, Window& window, WindowKind kind) {
     if (kind == WindowKind::Main) letThrough(taskbarCreatedMessage());
     SetWindowLongPtrA(hwnd, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(data));
     WindowAccess::setNative(window, hwnd);
+    if (kind != WindowKind::Child) addTopLevel(hwnd);
     return data;
 }
 
