@@ -52,6 +52,10 @@ public:
     void Show() { dialog_.Show(parts_.window); }
     // The main window, which owns the dialog, has gone out of sight and has taken it along.
     void ShowAgain();
+    // It has come back, and may cover the dialog.
+    void BringForward() {
+        if (dialog_.exists()) dialog_.bringToFront();
+    }
     void Close() { dialog_.destroy(); }
     // A profile came into being or went.
     void ProfilesChanged() { dialog_.RefillProfiles(); }

@@ -23,6 +23,7 @@ void Form1::RestoreFromTray(Raise raise) {
         show(platform::ShowCommand::Normal);
         bringToFront();
     }
+    optionsCommands_.BringForward();
     ShowMemory();
 }
 
@@ -38,6 +39,7 @@ void Form1::WakenUp() {
     trayIcon_.TrayBalloon("A copy of Kestrum 2 is already running,\r\nand has been restored to the desktop.",
                           kProgramTitle, platform::BalloonIcon::Info);
     RestoreFromTray(Raise::Yes);
+    msgBoxes_.BringToFront();  // an open question comes first
 }
 
 }  // namespace app

@@ -42,7 +42,11 @@ TEST_CASE_FIXTURE(Desk, "Options: the dialog stands beside the window, and stays
     sim::closeBox(*form);
     CHECK_FALSE(form->visible());
     CHECK(dialog->visible());
-    sim::closeBox(*dialog);
+    sim::trayEvent(platform::TrayEvent::LeftDoubleClick);
+    CHECK(form->visible());
+    sim::pressKey(key::kEscape);  // it is in front of the window that came back
+    CHECK_FALSE(Dialog());
+    sim::closeBox(*form);
     ChooseInTray(tray::command::kOptions);
     CHECK(Dialog());
 }
