@@ -66,7 +66,6 @@ bool FrmColorMeter::Open() {
     average_ = false;
     history_.Clear();
     if (!CreateGraph(kName, kTitle, Place(), Options().edgeDetection)) return false;
-    if (Options().stayOnTop) setTopmost(true);
     show(ShowCommand::ShowInactive);
     usage_.Checked(process::LocalNow());  // nobody looked at the clock while there was no window
     Call(StartGraphTimer);
