@@ -26,8 +26,7 @@ constexpr int kFrame = 24;
 constexpr int kBaseLine = 50;
 constexpr int kFillTop = 60;
 constexpr int kFillBottom = 18;
-constexpr int kFaint = 38;      // the line behind the caption
-constexpr int kFaintFill = 16;  // and what lies under it
+constexpr int kFaintFill = 16;  // what lies under the line, behind the caption
 
 constexpr int kTextRoom = 3;  // left and right of a text
 
@@ -54,6 +53,12 @@ void DrawLine(Canvas& canvas, Samples samples, Color color, Point shift = {}) {
     };
     for (int index = 0; index < last; ++index) canvas.line(at(index), at(index + 1), color);
     canvas.pixel(at(last), color);
+}
+
+void DrawOutline(Canvas& canvas, Samples samples, Color color) {
+    for (const Point shift : {Point{-1, 0}, Point{1, 0}, Point{0, -1}, Point{0, 1}}) {
+        DrawLine(canvas, samples, color, shift);
+    }
 }
 
 // Covers what is not under the line: one rectangle for all neighbours of one height.
@@ -129,9 +134,7 @@ void DrawPlot(Canvas& canvas, Size size, Samples samples, Color ink, bool seenTh
     const Color ground = GroundFor(ink);
     if (seenThrough) {
         canvas.fill(Rect::fromSize({}, size), kHole);
-        for (const Point shift : {Point{-1, 0}, Point{1, 0}, Point{0, -1}, Point{0, 1}}) {
-            DrawLine(canvas, samples, ground, shift);
-        }
+        DrawOutline(canvas, samples, ground);
     } else {
         DrawFill(canvas, size, samples, ink, ground);
         DrawGrid(canvas, size, ground);
@@ -152,10 +155,12 @@ void DrawCaption(Canvas& canvas, Size size, std::string_view text, Color ink, Sa
         DrawAbove(canvas, size, samples, ground);
         DrawFrame(canvas, Rect::fromSize({}, size), ground);
     }
-    DrawLine(canvas, samples, Mixed(ground, plotInk, kFaint));
     canvas.text(
         strip.inset(kTextRoom, 0), text, ink, Font::Normal,
         platform::kTextSingleLine | platform::kTextVCenter | platform::kTextNoPrefix | platform::kTextWordEllipsis);
+    // The strip's ground suits the text; the line may be lost on it.
+    if (GroundFor(plotInk) != ground) DrawOutline(canvas, samples, GroundFor(plotInk));
+    DrawLine(canvas, samples, plotInk);
 }
 
 }  // namespace graphs

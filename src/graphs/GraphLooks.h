@@ -35,8 +35,8 @@ void DrawHole(platform::Canvas& canvas, platform::Size size, platform::Color gro
 void DrawPlot(platform::Canvas& canvas, platform::Size size, std::span<const std::int16_t> samples,
               platform::Color ink, bool seenThrough);
 
-// One line of text on a strip of ground along the upper edge. Where the plot reaches into the strip it goes on
-// faintly behind the text. Seen through, the strip is as wide as its text.
+// One line of text on a strip of ground along the upper edge, and over it the plot where that reaches so high. Seen
+// through, the strip is as wide as its text.
 void DrawCaption(platform::Canvas& canvas, platform::Size size, std::string_view text, platform::Color ink,
                  std::span<const std::int16_t> samples, platform::Color plotInk, bool seenThrough);
 

@@ -93,6 +93,9 @@ TEST_CASE_FIXTURE(Picture, "every colour can be read on its ground, and none is 
         DrawAnew();
         if (!seenThrough) CHECK(Apart(At(60, 30), plot) > 100);
         if (!seenThrough) CHECK(Apart(At(50, 2), caption) > 100);
+        // Also where the line crosses the caption.
+        CHECK(At(95, 5) == plot);
+        if (!seenThrough) CHECK(Apart(At(94, 5), plot) > 100);
         CHECK((Count(graphs::kHole) > 0) == seenThrough);
         // The ground alone is left out: neither the line, with its outline, nor the text's strip.
         CHECK(Count(plot) >= 80);
@@ -100,7 +103,7 @@ TEST_CASE_FIXTURE(Picture, "every colour can be read on its ground, and none is 
     }
 }
 
-TEST_CASE_FIXTURE(Picture, "the caption stands on a strip of its own, one line in its colour") {
+TEST_CASE_FIXTURE(Picture, "the caption stands on a strip of its own, one line in its colour, below the plot") {
     captioned = true;
     history.fill(95);
     for (const bool through : {false, true}) {
@@ -113,9 +116,8 @@ TEST_CASE_FIXTURE(Picture, "the caption stands on a strip of its own, one line i
         CHECK(text->area.top == 0);
         CHECK((text->format & platform::kTextSingleLine) != 0);
         CHECK((text->format & platform::kTextNoPrefix) != 0);
-        // The line goes on behind the words, too faint to disturb them.
-        CHECK(At(30, 5) != kGreen);
-        CHECK(At(30, 5) != graphs::GroundFor(kYellow));
+        CHECK(At(30, 5) == kGreen);
+        CHECK(std::any_of(text, drawn.end(), [](const sim::Drawn& each) { return each.color == kGreen; }));
     }
     CHECK(At(99, 12) == graphs::kHole);  // the strip is as wide as its text
 }
