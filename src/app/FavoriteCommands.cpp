@@ -104,7 +104,7 @@ void FavoriteCommands::RemoveFavorites() {
     }
     // Those that the question is about, whatever is selected when it is answered.
     const std::vector<favorites::Favorite> chosen = parts_.favorites.SelectedFavorites();
-    if (!parts_.messages.Ask("Remove selected items from favorites?") || !parts_.window.exists()) return;
+    if (!parts_.messages.AskBeforeLoss("Remove selected items from favorites?") || !parts_.window.exists()) return;
     const PausedSlot pause(parts_.slots, Slot::Process, kRefreshMilliseconds);
     parts_.favorites.Remove(chosen);
     parts_.refresh.UpdateStatusLine();

@@ -12,4 +12,9 @@ bool Messages::Ask(const std::string& question, const std::string& title) {
     return msgBoxes_.Confirm(question, title, window_, options_.messageBeep);
 }
 
+bool Messages::AskBeforeLoss(const std::string& question) {
+    const BusyGuard guard(busy_);
+    return msgBoxes_.Confirm(question, controls::kInfoTitle, window_, options_.messageBeep, controls::Preset::No);
+}
+
 }  // namespace app

@@ -24,6 +24,8 @@ public:
     void Tell(const std::string& text, const std::string& title = controls::kInfoTitle);
     // A question; true for Yes.
     bool Ask(const std::string& question, const std::string& title = controls::kInfoTitle);
+    // Likewise, where Yes ends or deletes something: No has the focus.
+    bool AskBeforeLoss(const std::string& question);
 
 private:
     platform::Window& window_;

@@ -151,7 +151,7 @@ void ProcessCommands::Terminate() {
             process::MakeVictim(parts_.refresh.ProcessOfRow(row), parts_.list.CellText(row, kFileColumn)));
     }
     if (victims.empty()) return;
-    if (!parts_.messages.Ask("Are you sure you want to Terminate the selected files?")) return;
+    if (!parts_.messages.AskBeforeLoss("Are you sure you want to Terminate the selected files?")) return;
     if (const auto failed = process::TerminateAll(victims, parts_.access)) {
         parts_.messages.Tell("Aborting, Terminate process failed for: " + *failed);
     }

@@ -26,8 +26,10 @@ constexpr int kIconPixels = 32;
 // The dialog itself. It lives as long as its box is shown.
 class FrmMsgBox : public platform::Window {
 public:
-    bool Create(const std::string& text, MsgStyle style, const std::string& title, platform::Window& owner) {
+    bool Create(const std::string& text, MsgStyle style, const std::string& title, platform::Window& owner,
+                Preset preset) {
         question_ = style == MsgStyle::Question;
+        focusYes_ = presetYes_ = question_ && preset == Preset::Yes;
         if (!create(DialogSpec(title, owner))) return false;
         icons_ = platform::loadPictureResource(kMessageIcons);
         Fit(text, AreaOfOwner(owner));
@@ -36,7 +38,7 @@ public:
         return true;
     }
 
-    void FocusDefault() { (question_ ? cmdYes_ : cmdOkNo_).focus(); }
+    void FocusDefault() { (presetYes_ ? cmdYes_ : cmdOkNo_).focus(); }
     bool Closed() const { return closed_; }  // by the user, with the close box of the frame
     // By a button or a key; nullopt when it ended otherwise.
     std::optional<int> Answer() const { return answer_; }
@@ -87,7 +89,6 @@ private:
     void CreateButtons() {
         if (question_) CreateButton(cmdYes_, "Yes", layout_.yes, kMsgYes);
         CreateButton(cmdOkNo_, question_ ? "No" : "OK", layout_.okNo, kMsgNo);
-        focusYes_ = question_;
     }
 
     void CreateButton(PushButton& button, const char* caption, const Rect& bounds, int answer) {
@@ -121,6 +122,7 @@ private:
     std::optional<int> answer_;
     bool closed_ = false;
     bool question_ = false;
+    bool presetYes_ = false;
     bool focusYes_ = false;
     platform::PictureHandle icons_;
     MsgBoxLayout layout_;
@@ -131,9 +133,9 @@ private:
 }  // namespace
 
 std::optional<int> MsgBoxes::Ask(const std::string& text, MsgStyle style, const std::string& title,
-                                 platform::Window& owner, bool sound) {
+                                 platform::Window& owner, bool sound, Preset preset) {
     FrmMsgBox box;
-    if (!box.Create(text, style, title, owner)) return kMsgNo;
+    if (!box.Create(text, style, title, owner, preset)) return kMsgNo;
     platform::beginModal(box);
     if (sound && style == MsgStyle::Information) platform::beep();
     if (sound && style == MsgStyle::Question) platform::playSound("SystemQuestion");
@@ -153,15 +155,16 @@ std::optional<int> MsgBoxes::Ask(const std::string& text, MsgStyle style, const 
 
 int MsgBoxes::Show(const std::string& text, MsgStyle style, const std::string& title, platform::Window& owner,
                    bool sound) {
-    return Ask(text, style, title, owner, sound).value_or(lastAnswer_);
+    return Ask(text, style, title, owner, sound, Preset::Yes).value_or(lastAnswer_);
 }
 
 void MsgBoxes::BringToFront() {
     if (box_ != nullptr) box_->bringToFront();
 }
 
-bool MsgBoxes::Confirm(const std::string& question, const std::string& title, platform::Window& owner, bool sound) {
-    return Ask(question, MsgStyle::Question, title, owner, sound) == kMsgYes;
+bool MsgBoxes::Confirm(const std::string& question, const std::string& title, platform::Window& owner, bool sound,
+                       Preset preset) {
+    return Ask(question, MsgStyle::Question, title, owner, sound, preset) == kMsgYes;
 }
 
 }  // namespace controls

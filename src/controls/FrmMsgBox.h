@@ -10,6 +10,10 @@ namespace controls {
 
 enum class MsgStyle { Information = 0, Question = 4 };
 
+// The answer of a question whose button has the focus at first: one Enter away. No where Yes ends or deletes
+// something.
+enum class Preset { Yes, No };
+
 inline constexpr char kInfoTitle[] = "Kestrum - Info";  // of notes and questions without a title of their own
 
 inline constexpr int kMsgYes = 6;
@@ -26,7 +30,8 @@ public:
              bool sound);
     // A question, asked the same way. True only when the user says Yes: closing the box by its frame is No here, as
     // what is asked about may be past mending.
-    bool Confirm(const std::string& question, const std::string& title, platform::Window& owner, bool sound);
+    bool Confirm(const std::string& question, const std::string& title, platform::Window& owner, bool sound,
+                 Preset preset = Preset::Yes);
     int LastAnswer() const { return lastAnswer_; }
     // True while a box waits for its answer: not the time for menus that would lead to another one.
     bool Showing() const { return box_ != nullptr; }
@@ -36,7 +41,7 @@ public:
 private:
     // The answer given to this box, whatever was asked while it was open; nullopt when its frame was closed.
     std::optional<int> Ask(const std::string& text, MsgStyle style, const std::string& title,
-                           platform::Window& owner, bool sound);
+                           platform::Window& owner, bool sound, Preset preset);
 
     int lastAnswer_ = 0;
     // The box shown last; a timer may ask while one is open, and so may the user in another window.

@@ -118,7 +118,7 @@ private:
     void StartChanged();
     void StartJrChanged();
     void SaveLevel();
-    bool Ask(const std::string& question);
+    bool Ask(const std::string& question, controls::Preset preset);
     bool Sounds() const { return parts_.settings.Number(Key::MsgBeep) == 1; }
 
     Parts parts_;

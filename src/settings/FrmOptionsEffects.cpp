@@ -158,7 +158,7 @@ void FrmOptions::SaveLevel() {
 }
 
 void FrmOptions::ShadowChanged() {
-    if (!Ask("Kestrum must be restarted to see effect. Restart Kestrum 2 now?")) return;
+    if (!Ask("Kestrum must be restarted to see effect. Restart Kestrum 2 now?", controls::Preset::Yes)) return;
     SaveLevel();  // before the next copy reads it
     parts_.host.Restart();
 }
@@ -173,7 +173,7 @@ void FrmOptions::ResetColumns() {
 }
 
 void FrmOptions::RestoreAll() {
-    if (!Ask("Delete all saved interface settings and exit?")) return;
+    if (!Ask("Delete all saved interface settings and exit?", controls::Preset::No)) return;
     levelPending_ = false;  // nothing is to be left behind
     parts_.host.RestoreDefaults();
 }
@@ -212,9 +212,9 @@ void FrmOptions::StartJrChanged() {
     parts_.settings.WriteNumber(Key::JrEnforceInterval, interval);
 }
 
-bool FrmOptions::Ask(const std::string& question) {
+bool FrmOptions::Ask(const std::string& question, controls::Preset preset) {
     parts_.tips.Remove();
-    return parts_.msgBoxes.Confirm(question, controls::kInfoTitle, *this, Sounds());
+    return parts_.msgBoxes.Confirm(question, controls::kInfoTitle, *this, Sounds(), preset);
 }
 
 }  // namespace settings

@@ -41,7 +41,7 @@ TEST_CASE_FIXTURE(Desk, "Favourites are added by the chooser and by dropping, an
     CHECK(Favorites().CellText(0, 0) == "Saver.scr");
 
     SelectFavorites({1});
-    Answer('N');
+    Answer(key::kEnter);  // which is a No here
     ClickButton(app::button::kRemoveFavorites);
     CHECK(told.back().starts_with("Kestrum - Info\n"));
     CHECK(Favorites().ListCount() == 2);

@@ -107,10 +107,10 @@ TEST_CASE_FIXTURE(Desk, "Terminate ends what was meant when it was asked, and no
         oneRuns = false;
         zooRuns = true;
     }
-    SUBCASE("not with No, by the key and by the menu") {
+    SUBCASE("not with No, by the key and by the menu, which Enter says") {
         Select({zoo});
         Processes().focus();
-        Answer('N');
+        Answer(key::kEnter);
         sim::pressKey(key::kDelete);
         Answer(key::kEscape);
         Menu(kTerminate);

@@ -153,6 +153,11 @@ TEST_CASE("A message box stands over its owner, but inside the work area") {
             sim::pressKey('Y');
         };
         CHECK(asker.Ask(kQuestion, look) == kMsgYes);
+        sim::whenModal([](Window&) {
+            CHECK(sim::focusedWindow() == sim::findWindow("No"));
+            sim::pressKey(key::kEnter);
+        });
+        CHECK_FALSE(asker.boxes.Confirm("Sure?", kTitle, asker.owner, false, Preset::No));
         CHECK_FALSE((asker.owner.visible() && asker.owner.state() == WindowState::Normal));
     }
 }

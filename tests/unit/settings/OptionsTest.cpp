@@ -159,11 +159,11 @@ TEST_CASE_FIXTURE(OptionsBench, "what cannot be taken back is asked for first") 
         CHECK(Stored(Key::Shadow) == "1");  // for the next start
         Answer('N');
         Click(Option::CmdHdrW);
-        Answer('N');
+        Answer(key::kEnter);  // a No, as it deletes
         Click(Option::CmdClean);
         CHECK(TakeCalls().empty());
         CHECK(dialog.ControlOf(Option::CmdClean).focused());
-        Answer('Y');
+        Answer(key::kEnter);  // a Yes
         Click(Option::CmdHdrW);
         CHECK(TakeCalls() == Calls{"columns"});
     });
