@@ -2,7 +2,9 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
+#include <vector>
 
 #include "platform/Geometry.h"
 #include "platform/Handle.h"
@@ -35,9 +37,11 @@ PictureHandle pictureFromIcon(std::uintptr_t icon, int size);
 IconHandle iconFromPicture(PictureHandle picture, std::uint32_t transparent);
 // Gives every pixel that is exactly `from` the colour `to`, row by row (0x00BBGGRR). GetPixel, SetPixelV.
 void replaceColor(PictureHandle& picture, std::uint32_t from, std::uint32_t to);
-// Reads and writes BMP files; a file that is missing, damaged or larger than 256 x 256 gives an empty handle.
-PictureHandle loadPictureFile(const std::string& path);
-bool savePictureFile(const std::string& path, const PictureHandle& picture);
+// A picture of these pixels: 0xAARRGGBB, rows from the top. There is an alpha channel (a colour above its alpha
+// comes down to it) unless every alpha is 0. Empty when there are not width x height of them.
+PictureHandle pictureFromPixels(Size size, std::span<const std::uint32_t> pixels);
+// Its pixels in that form; none for an empty handle.
+std::vector<std::uint32_t> picturePixels(const PictureHandle& picture);
 // 0 x 0 for an empty handle.
 Size pictureSize(const PictureHandle& picture);
 

@@ -1,6 +1,10 @@
 #include "storage/IconCache.h"
 
+#include <optional>
+
 #include "platform/Files.h"
+#include "storage/BitmapFile.h"
+#include "storage/SafeFile.h"
 #include "text/Case.h"
 
 namespace storage {
@@ -9,6 +13,18 @@ namespace {
 
 constexpr char kBitmap[] = ".bmp";
 constexpr std::size_t kMostPictures = 256;  // of a system-wide limited kind of object
+
+// Empty when the file is missing, or no such picture.
+platform::PictureHandle LoadPicture(const std::string& path) {
+    const std::optional<std::string> content = platform::readFile(path, kMostBitmapBytes);
+    const std::optional<Bitmap> bitmap = content ? DecodeBitmap(*content) : std::nullopt;
+    return bitmap ? platform::pictureFromPixels(bitmap->size, bitmap->pixels) : platform::PictureHandle();
+}
+
+bool SavePicture(const std::string& path, const platform::PictureHandle& picture) {
+    const std::vector<std::uint32_t> pixels = platform::picturePixels(picture);
+    return !pixels.empty() && WriteInPlaceOf(path, EncodeBitmap(platform::pictureSize(picture), pixels));
+}
 
 bool Usable(const platform::PictureHandle& picture) {
     return platform::pictureSize(picture) == platform::Size{IconCache::kIconSize, IconCache::kIconSize};
@@ -40,7 +56,7 @@ const platform::PictureHandle& IconCache::At(int index) {
     auto entry = loaded_.find(key);
     if (entry == loaded_.end()) {
         if (loaded_.size() >= kMostPictures) loaded_.clear();
-        entry = loaded_.emplace(key, platform::loadPictureFile(FileOf(key))).first;
+        entry = loaded_.emplace(key, LoadPicture(FileOf(key))).first;
     }
     return Usable(entry->second) ? entry->second : default_;
 }
@@ -49,10 +65,10 @@ void IconCache::Make(const std::string& programPath) {
     const std::string key = text::Lower(text::FileNameOf(programPath));
     const std::string file = FileOf(key);
     // A bitmap that is damaged, or not one of ours, counts as none.
-    if (Usable(platform::loadPictureFile(file))) return;
+    if (Usable(LoadPicture(file))) return;
     const platform::IconHandle icon = platform::extractIcon(programPath, kIconSize);
     if (!icon) return;
-    if (platform::savePictureFile(file, platform::pictureFromIcon(icon.raw(), kIconSize))) loaded_.erase(key);
+    if (SavePicture(file, platform::pictureFromIcon(icon.raw(), kIconSize))) loaded_.erase(key);
 }
 
 void IconCache::CleanUp(const std::function<bool(const std::string&)>& needed) const {

@@ -2,9 +2,7 @@
 
 #include <cstdlib>
 
-#include "contract/Bmp.h"
 #include "contract/Probe.h"
-#include "platform/Files.h"
 
 using namespace platform;
 
@@ -37,11 +35,6 @@ struct Sheet : contract::Desk {
             }
         }
         return true;
-    }
-    PictureHandle pictureOf(const contract::Bmp& bmp) const {
-        deleteFile(scratch + "canvas.bmp");
-        REQUIRE(writeNewFile(scratch + "canvas.bmp", contract::fileOf(bmp)));
-        return loadPictureFile(scratch + "canvas.bmp");
     }
 };
 
@@ -163,9 +156,11 @@ TEST_CASE_FIXTURE(Sheet, "only what is invalid is painted, whatever is drawn") {
 
 TEST_CASE_FIXTURE(Sheet, "pictures: copied, blended, masked and disabled") {
     // 4 x 2: red, green, blue, magenta; black, white, grey, magenta.
-    const PictureHandle plain =
-        pictureOf({{4, 2}, {0xFF0000, 0x00FF00, 0x0000FF, 0xFF00FF, 0x000000, 0xFFFFFF, 0x808080, 0xFF00FF}, 24});
-    const PictureHandle alpha = pictureOf({{4, 1}, {0xFFFF0000, 0x80800000, 0x00000000, 0x80000000}});
+    const PictureHandle plain = pictureFromPixels(
+        {4, 2},
+        std::vector<std::uint32_t>{0xFF0000, 0x00FF00, 0x0000FF, 0xFF00FF, 0x000000, 0xFFFFFF, 0x808080, 0xFF00FF});
+    const PictureHandle alpha =
+        pictureFromPixels({4, 1}, std::vector<std::uint32_t>{0xFFFF0000, 0x80800000, 0x00000000, 0x80000000});
     const Color mask = rgb(255, 0, 255);
     const Rect whole{0, 0, 4, 2};
     draw([&](Canvas& canvas) {

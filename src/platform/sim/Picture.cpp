@@ -1,7 +1,7 @@
-// Icons and pictures of the simulated machine. BMP files are real ones, of 24 or 32 bits a pixel.
+// Icons and pictures of the simulated machine.
 #include "platform/Picture.h"
 
-#include <cstdlib>
+#include <algorithm>
 #include <limits>
 
 #include "platform/CodePage.h"
@@ -16,80 +16,13 @@ using sim::PictureData;
 namespace {
 
 constexpr int kMostPixels = 256;  // a side
-constexpr std::size_t kFileHeader = 14;
-constexpr std::size_t kHeaders = kFileHeader + 40;
-
-void append(std::string& file, std::uint32_t value, int bytes) {
-    for (int i = 0; i < bytes; ++i) file.push_back(static_cast<char>(value >> 8 * i & 0xFFU));
-}
-
-std::uint32_t take(const std::string& file, std::size_t at, int bytes) {
-    std::uint32_t value = 0;
-    for (int i = 0; i < bytes; ++i) {
-        const auto byte = static_cast<unsigned char>(file[at + static_cast<std::size_t>(i)]);
-        value |= static_cast<std::uint32_t>(byte) << 8 * i;
-    }
-    return value;
-}
-
-// Files have blue first, colours here have red first.
+// Pixels come and go with blue in the lowest byte, and are kept with red there.
 std::uint32_t swapRedBlue(std::uint32_t color) {
     return (color & 0xFF00FF00U) | (color & 0xFFU) << 16 | (color >> 16 & 0xFFU);
 }
 
 std::size_t area(Size size) {
     return static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height);
-}
-
-std::string toBmp(const PictureData& picture) {
-    std::string file = "BM";
-    const auto bytes = static_cast<std::uint32_t>(area(picture.size) * 4);
-    append(file, static_cast<std::uint32_t>(kHeaders) + bytes, 4);
-    append(file, 0, 4);
-    append(file, kHeaders, 4);
-    append(file, 40, 4);
-    append(file, static_cast<std::uint32_t>(picture.size.width), 4);
-    append(file, static_cast<std::uint32_t>(picture.size.height), 4);
-    append(file, 1, 2);
-    append(file, 32, 2);
-    append(file, 0, 4);
-    append(file, bytes, 4);
-    for (int i = 0; i < 4; ++i) append(file, 0, 4);
-    for (int y = picture.size.height - 1; y >= 0; --y) {
-        for (int x = 0; x < picture.size.width; ++x) {
-            const auto index = static_cast<std::size_t>(y * picture.size.width + x);
-            append(file, swapRedBlue(picture.pixels[index]), 4);
-        }
-    }
-    return file;
-}
-
-// Empty size when the bytes are no such picture.
-PictureData fromBmp(const std::string& file) {
-    if (file.size() < kHeaders || file.compare(0, 2, "BM") != 0 || take(file, 14, 4) < 40) return {};
-    const auto width = static_cast<std::int32_t>(take(file, 18, 4));
-    const auto height = static_cast<std::int32_t>(take(file, 22, 4));
-    const std::uint32_t bits = take(file, 28, 2);
-    if (width <= 0 || width > kMostPixels || height == 0 || height < -kMostPixels || height > kMostPixels)
-        return {};
-    if ((bits != 24 && bits != 32) || take(file, 30, 4) != 0) return {};
-
-    PictureData picture;
-    picture.size = {width, std::abs(height)};
-    const std::size_t pixelBytes = bits / 8;
-    const std::size_t rowBytes = (static_cast<std::size_t>(width) * pixelBytes + 3) / 4 * 4;
-    const std::size_t start = take(file, 10, 4);
-    const auto rows = static_cast<std::size_t>(picture.size.height);
-    if (start < kHeaders || start > file.size() || file.size() - start < rowBytes * rows) return {};
-    for (std::size_t y = 0; y < rows; ++y) {
-        const std::size_t row = start + rowBytes * (height > 0 ? rows - 1 - y : y);
-        for (std::size_t x = 0; x < static_cast<std::size_t>(width); ++x) {
-            const std::uint32_t color = take(file, row + x * pixelBytes, static_cast<int>(pixelBytes));
-            picture.alpha = picture.alpha || color >> 24 != 0;
-            picture.pixels.push_back(swapRedBlue(color));
-        }
-    }
-    return picture;
 }
 
 PictureHandle open(PictureData picture) {
@@ -189,15 +122,24 @@ void replaceColor(PictureHandle& picture, std::uint32_t from, std::uint32_t to) 
     }
 }
 
-PictureHandle loadPictureFile(const std::string& path) {
-    const std::optional<std::string> file = readFile(path);
-    return file ? open(fromBmp(*file)) : PictureHandle();
+PictureHandle pictureFromPixels(Size size, std::span<const std::uint32_t> pixels) {
+    if (size.width <= 0 || size.height <= 0 || pixels.size() != area(size)) return {};
+    PictureData picture{size, false, {}};
+    picture.alpha = std::any_of(pixels.begin(), pixels.end(), [](std::uint32_t pixel) { return pixel >> 24 != 0; });
+    for (const std::uint32_t pixel : pixels) {
+        const std::uint32_t most = picture.alpha ? pixel >> 24 : 255;
+        const auto channel = [&](int shift) { return std::min(pixel >> shift & 0xFFU, most) << shift; };
+        picture.pixels.push_back(swapRedBlue((pixel & 0xFF000000U) | channel(16) | channel(8) | channel(0)));
+    }
+    return open(std::move(picture));
 }
 
-bool savePictureFile(const std::string& path, const PictureHandle& picture) {
+std::vector<std::uint32_t> picturePixels(const PictureHandle& picture) {
     const PictureData* data = machine().pictures.find(picture.raw());
-    deleteFile(path);
-    return data != nullptr && writeNewFile(path, toBmp(*data));
+    if (data == nullptr) return {};
+    std::vector<std::uint32_t> pixels = data->pixels;
+    std::transform(pixels.begin(), pixels.end(), pixels.begin(), swapRedBlue);
+    return pixels;
 }
 
 Size pictureSize(const PictureHandle& picture) {

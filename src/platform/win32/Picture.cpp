@@ -6,6 +6,7 @@
 #include <shellapi.h>
 
 #include <algorithm>
+#include <bit>
 
 #include "platform/win32/Bitmap.h"
 
@@ -130,6 +131,23 @@ void replaceColor(PictureHandle& picture, std::uint32_t from, std::uint32_t to) 
         p.green = std::min<std::uint8_t>(GetGValue(to), most);
         p.blue = std::min<std::uint8_t>(GetBValue(to), most);
     }
+}
+
+PictureHandle pictureFromPixels(Size size, std::span<const std::uint32_t> pixels) {
+    PictureHandle picture = newPicture(size);
+    const std::span<Pixel> to = pixelsOf(picture);
+    if (to.empty() || to.size() != pixels.size()) return {};
+    // In memory such a number is a Pixel.
+    std::transform(pixels.begin(), pixels.end(), to.begin(), std::bit_cast<Pixel, std::uint32_t>);
+    finishPicture(picture);
+    return picture;
+}
+
+std::vector<std::uint32_t> picturePixels(const PictureHandle& picture) {
+    const std::span<const Pixel> from = pixelsOf(picture);
+    std::vector<std::uint32_t> pixels(from.size());
+    std::transform(from.begin(), from.end(), pixels.begin(), std::bit_cast<std::uint32_t, Pixel>);
+    return pixels;
 }
 
 Size pictureSize(const PictureHandle& picture) {

@@ -18,8 +18,7 @@ const std::string kGame = "C:\\Games\\Chess.exe";
 const std::string kGameIcon = kCache + "chess.exe.bmp";
 
 bool SamePixels(const platform::PictureHandle& a, const platform::PictureHandle& b) {
-    if (!platform::savePictureFile("C:\\a.bmp", a) || !platform::savePictureFile("C:\\b.bmp", b)) return false;
-    return sim::file("C:\\a.bmp") == sim::file("C:\\b.bmp");
+    return a && platform::picturePixels(a) == platform::picturePixels(b);
 }
 
 platform::PictureHandle IconOf(const std::string& program) {
