@@ -1,5 +1,6 @@
 // The main window between the screen and the notification area.
 #include "app/Form1.h"
+#include "settings/WindowPosition.h"
 
 namespace app {
 
@@ -21,6 +22,7 @@ void Form1::RestoreFromTray(Raise raise) {
     refresh_.FullRebuild();
     if (raise == Raise::Yes) {
         show(platform::ShowCommand::Normal);
+        settings::BringWithinReach(*this);
         bringToFront();
     }
     optionsCommands_.BringForward();

@@ -58,8 +58,7 @@ FrmColorMeter::FrmColorMeter(const Parts& parts)
 
 bool FrmColorMeter::Open() {
     if (exists()) {
-        show(ShowCommand::Show);
-        bringToFront();
+        BringForward();
         return true;
     }
     if (!colorBar_) colorBar_ = MakeColorBar();
@@ -76,7 +75,7 @@ bool FrmColorMeter::Open() {
 Rect FrmColorMeter::Place() const {
     if (exists()) return bounds();
     if (const auto stored = settings::ParseWindowPosition(parts_.settings.Position(kName))) {
-        return settings::ReachableBounds(Rect::fromSize(stored->origin(), kSize));
+        return Rect::fromSize(stored->origin(), kSize);
     }
     const Rect area = platform::nearestWorkArea({0, 0, 1, 1});
     return Rect::fromSize({area.right - kSize.width - kGap, area.top + kGap}, kSize);

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "platform/Window.h"
-#include "settings/WindowPosition.h"
 
 namespace graphs {
 
@@ -22,7 +21,7 @@ std::optional<Rect> RememberedPlace(int slot, const settings::Settings& settings
     const auto top = settings.GraphTop(slot);
     const auto left = settings.GraphLeft(slot);
     if (!top || !left) return std::nullopt;
-    return settings::ReachableBounds(Rect::fromSize({*left, *top}, kGraphSize));
+    return Rect::fromSize({*left, *top}, kGraphSize);
 }
 
 Rect FreePlace(int slot, const settings::Settings& settings, std::vector<Rect> taken) {

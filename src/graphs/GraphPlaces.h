@@ -12,7 +12,7 @@ namespace graphs {
 // The whole window: a plot of 100 x 100 pixels, one column and two rows more.
 inline constexpr platform::Size kGraphSize{101, 102};
 
-// The remembered place of a slot, brought back when no screen shows it any more; nullopt when there is none.
+// The remembered place of a slot, on whatever screen; nullopt when there is none.
 std::optional<platform::Rect> RememberedPlace(int slot, const settings::Settings& settings);
 
 // A place in the work area of the first screen, from its lower right corner upwards, column by column, that

@@ -49,9 +49,7 @@ void GraphWindow::SetEdgeDetection(bool on) {
 
 void GraphWindow::BringForward() {
     if (edgeDetection_) MoveInside();
-    const Rect now = bounds();
-    const Rect reachable = settings::ReachableBounds(now);
-    if (reachable != now) setBounds(reachable);
+    settings::BringWithinReach(*this);
     show(platform::ShowCommand::Show);
     bringToFront();
 }

@@ -13,7 +13,7 @@ class GraphWindow : public platform::Window {
 public:
     // The window is to be kept wholly within the work area of its screen; on, it is moved there at once.
     void SetEdgeDetection(bool on);
-    // Shows it, in front of other windows, where it was, or where it can be seen when screens have gone since.
+    // The user asks for it: shows it in front of other windows, where it was, or within reach.
     void BringForward();
     bool EdgeDetection() const { return edgeDetection_; }
     // Takes over see-through and level of the options.

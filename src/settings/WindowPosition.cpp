@@ -13,6 +13,10 @@ namespace {
 constexpr int kFarthest = 32767;    // no window lies or reaches farther
 constexpr int kCaptionHeight = 24;  // pixels by which a window can be caught and moved, roughly
 
+bool IsAbsurd(const platform::Rect& bounds) {
+    return bounds.width() >= kFarthest || bounds.height() >= kFarthest;
+}
+
 }  // namespace
 
 void SaveWindowPosition(const platform::Window& window, const std::string& name, Settings& settings) {
@@ -22,7 +26,8 @@ void SaveWindowPosition(const platform::Window& window, const std::string& name,
 bool RestoreWindowPosition(platform::Window& window, const std::string& name, const Settings& settings) {
     const auto bounds = ParseWindowPosition(settings.Position(name));
     if (!bounds) return false;
-    window.setBounds(ReachableBounds(*bounds));
+    // No window ever was as large as that.
+    window.setBounds(IsAbsurd(*bounds) ? ReachableBounds(*bounds) : *bounds);
     return true;
 }
 
@@ -48,14 +53,20 @@ platform::Rect ReachableBounds(const platform::Rect& bounds) {
     // may have put it there. A screen that is gone since must not take the window with it.
     const platform::Rect caption{bounds.left, bounds.top, bounds.right,
                                  std::min(bounds.bottom, bounds.top + kCaptionHeight)};
-    const bool absurd = bounds.width() >= kFarthest || bounds.height() >= kFarthest;
-    if (!absurd && platform::onAnyScreen(caption)) return bounds;
+    if (!IsAbsurd(bounds) && platform::onAnyScreen(caption)) return bounds;
 
     const platform::Rect area = platform::nearestWorkArea(bounds);
     const platform::Size size{std::min(bounds.width(), area.width()), std::min(bounds.height(), area.height())};
     return platform::Rect::fromSize({std::clamp(bounds.left, area.left, area.right - size.width),
                                      std::clamp(bounds.top, area.top, area.bottom - size.height)},
                                     size);
+}
+
+void BringWithinReach(platform::Window& window) {
+    if (window.state() != platform::WindowState::Normal) return;
+    const platform::Rect now = window.bounds();
+    const platform::Rect reachable = ReachableBounds(now);
+    if (reachable != now) window.setBounds(reachable);
 }
 
 }  // namespace settings

@@ -14,8 +14,8 @@ namespace settings {
 // Stores the restored (neither minimised nor maximised) rectangle of a window under `name` + "_Pos".
 void SaveWindowPosition(const platform::Window& window, const std::string& name, Settings& settings);
 
-// Moves the window where it stood. False, with nothing changed, when no usable rectangle is stored. A window
-// that would stand where the user cannot reach it is brought to the nearest screen.
+// Moves the window where it stood, even out of the user's reach: the screen may be back before they look for it, as
+// with a remote session. False, with nothing changed, when no usable rectangle is stored.
 bool RestoreWindowPosition(platform::Window& window, const std::string& name, const Settings& settings);
 
 // "left,top,width,height" in pixels; further fields are ignored. nullopt when a field is missing or the
@@ -25,5 +25,7 @@ std::string FormatWindowPosition(const platform::Rect& bounds);
 
 // The rectangle as it is when the user can reach its caption, else one within the nearest work area.
 platform::Rect ReachableBounds(const platform::Rect& bounds);
+// The user asks for the window: moves one out of reach there, unless it is minimised or maximised.
+void BringWithinReach(platform::Window& window);
 
 }  // namespace settings

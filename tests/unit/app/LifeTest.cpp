@@ -56,8 +56,10 @@ TEST_CASE_FIXTURE(Machine, "The way up and the way down keep their order") {
 }
 
 TEST_CASE_FIXTURE(Machine, "A second copy wakes the first one and leaves no trace") {
-    Start();
+    Store("Form1_Pos", "5000,5000,800,600");
+    CHECK(Start().bounds() == platform::Rect{5000, 5000, 5800, 5600});
     for (const bool away : {true, false}) {
+        form->setBounds({5000, 5000, 5800, 5600});
         if (away) sim::closeBox(*form);
         REQUIRE(form->visible() != away);
         sim::clearLog();
@@ -69,6 +71,7 @@ TEST_CASE_FIXTURE(Machine, "A second copy wakes the first one and leaves no trac
         sim::run(0);
         CHECK(form->visible());
         CHECK(form->state() == WindowState::Normal);
+        CHECK(form->bounds() == platform::Rect{480, 170, 1280, 770});  // within reach
         CHECK(sim::openHandles("timer") == 3);
         CHECK(sim::quitCode() == -1);
     }

@@ -123,10 +123,14 @@ TEST_CASE_FIXTURE(Desk, "no new graph is put over a remembered place, an open gr
     }
 }
 
-TEST_CASE_FIXTURE(Desk, "a place off every screen is brought back; a small screen has room for all the same") {
+TEST_CASE_FIXTURE(Desk,
+                  "a graph off every screen is brought back on request; a small screen has room all the same") {
     settings.WriteGraphPlace(1, -5000, 20'000);
     settings.WriteGraphPlace(2, 700, 1250);
-    CHECK(Open().bounds() == Rect{1179, 0, 1280, 102});
+    graphs::iCPU& off = Open();
+    CHECK(off.bounds().origin() == Point{20'000, -5000});
+    graphs.ShowAll();
+    CHECK(off.bounds() == Rect{1179, 0, 1280, 102});
     graphs::iCPU& far = Open();
     CHECK(far.bounds().origin() == Point{1250, 700});  // put there without edge detection
     sim::setScreens({{0, 0, 800, 600}});               // one is unplugged
