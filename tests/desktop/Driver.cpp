@@ -139,7 +139,11 @@ std::map<std::string, std::size_t> FileSizes(const std::string& folder) {
 }
 
 bool FileBecomes(const std::string& path, const std::string& content) {
-    return WaitFor([&] { return ReadWholeFile(path) == content; });
+    const std::size_t split = path.rfind('\\') + 1;
+    return WaitFor([&] {
+        return FileSizes(path.substr(0, split))[path.substr(split)] == content.size() &&
+               ReadWholeFile(path) == content;
+    });
 }
 
 std::optional<std::string> ReadSetting(const std::string& key) {

@@ -28,14 +28,13 @@ std::string& ProductFolder();
 // The folder of this program, with a trailing "\".
 std::string OwnFolder();
 
-// Empty when there is no such file. Nobody who replaces it meanwhile is hindered, and it is tried again while they
-// do.
+// Empty when there is no such file. Tried again while that is just being replaced.
 std::string ReadWholeFile(const std::string& path);
 void WriteWholeFile(const std::string& path, const std::string& content);
-// Names and sizes of a folder's files.
+// Names and sizes of a folder's files. Opens none of them: an open file can't be replaced.
 std::map<std::string, std::size_t> FileSizes(const std::string& folder);
 
-// Waits until the file has that content.
+// Waits until the file has that content; it is read when its size is right: see FileSizes.
 bool FileBecomes(const std::string& path, const std::string& content);
 
 // The program's settings section. Read gives nullopt for a missing value.
