@@ -177,6 +177,9 @@ UcListLook UcList1::Look() const {
     look.scrollbarDrawStyle = properties_.scrollbarDrawStyle;
     look.icons = static_cast<bool>(DrawIcon);
     look.focused = focused_;
+    if (!focused_) {
+        look.selection = platform::highContrast() ? UcListSelection::Framed : UcListSelection::Pale;
+    }
     look.focusRow = CurrentRow();
     look.pressedColumn = drag_ == Drag::HeaderCell ? dragColumn_ : -1;
     look.pressedZone = drag_ == Drag::Bar ? dragZone_ : 0;

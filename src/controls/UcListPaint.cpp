@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "controls/Contrast.h"
+
 namespace controls {
 
 using platform::Color;
@@ -14,6 +16,7 @@ constexpr Color kBlack = 0;
 constexpr Color kWhite = 0xFFFFFF;
 constexpr int kIconGap = 18;                // what the text moves for the icon
 constexpr int kSortMarkRoom = 12;           // what the caption leaves for the sort mark
+constexpr int kPaleSelection = 35;          // percent of the highlight in a selection without the focus
 constexpr std::size_t kMaxDrawnText = 512;  // bytes; more cannot be seen and costs time to measure
 
 // One string of pixel rows for each direction: up, down, left, right.
@@ -23,17 +26,6 @@ constexpr std::string_view kArrows[] = {
     "0001,0011,0111,1111,0111,0011,0001",
     "1000,1100,1110,1111,1110,1100,1000",
 };
-
-// `percent` of the way from one colour to another.
-Color Mix(Color from, Color to, int percent) {
-    Color mixed = 0;
-    for (unsigned shift = 0; shift < 24; shift += 8) {
-        const int a = static_cast<int>(from >> shift & 0xFFU);
-        const int b = static_cast<int>(to >> shift & 0xFFU);
-        mixed |= static_cast<Color>(a + (b - a) * percent / 100) << shift;
-    }
-    return mixed;
-}
 
 unsigned AlignFormat(int align) {
     if (align == kAlignRight) return platform::kTextRight;
@@ -122,7 +114,27 @@ void UcListPaint::pvListDraw() {
     const int slots = layout.Slots();
     for (int slot = 0; slot < slots; ++slot) pvItemDraw(slot);
     if (slots == 0) pvDrawFilledRect(area, view_.look.back);
-    if (view_.look.focused && layout.listCount == 0) canvas_.focusRect(area.inset(1, 1));
+    // Whatever is selected or scrolled out of sight, the user sees which list the keys go to.
+    if (view_.look.focused) canvas_.frame(area, pvFrameColor());
+}
+
+Color UcListPaint::pvFrameColor() const {
+    return Distinct(view_.look.back, {view_.look.highlight, view_.look.text}, kLineContrast);
+}
+
+// The ground of a row.
+Color UcListPaint::pvGround(bool selected) const {
+    const UcListLook& look = view_.look;
+    if (!selected) return look.back;
+    switch (look.selection) {
+        case UcListSelection::Solid:
+            return look.highlight;
+        case UcListSelection::Pale:
+            return Mix(look.back, look.highlight, kPaleSelection);
+        case UcListSelection::Framed:
+            break;
+    }
+    return look.back;
 }
 
 void UcListPaint::pvItemDraw(int slot) {
@@ -137,9 +149,10 @@ void UcListPaint::pvItemDraw(int slot) {
     const bool selected = view_.model.Selected(displayRow);
     const int right = std::min(row.right, layout.ColumnsRight());
     const Rect columns{row.left, row.top, right, row.bottom};
-    pvDrawFilledRect(columns, selected ? view_.look.highlight : view_.look.back);
+    pvDrawFilledRect(columns, pvGround(selected));
     pvDrawFilledRect({right, row.top, row.right, row.bottom}, view_.look.back);
     for (int i = 0; i < layout.drawnColumns; ++i) pvCellDraw(slot, i, selected);
+    if (selected && view_.look.selection == UcListSelection::Framed) canvas_.frame(columns, pvFrameColor());
     if (view_.look.focused && view_.look.focusRow == displayRow && !columns.empty()) canvas_.focusRect(columns);
 }
 
@@ -157,7 +170,12 @@ void UcListPaint::pvCellDraw(int slot, int column, bool selected) {
     const std::string_view content(view_.model.CellText(row, column));
     if (text.empty() || content.empty()) return;
     const UcListColumn& format = view_.model.Column(column);
-    const Color color = selected ? look.highlightText : Readable(format.listTextColor, look.desktopText, look.text);
+    const Color plain = Readable(format.listTextColor, look.desktopText, look.text);
+    Color color = plain;
+    if (selected && look.selection == UcListSelection::Solid) color = look.highlightText;
+    if (selected && look.selection == UcListSelection::Pale) {
+        color = Distinct(pvGround(selected), {plain, look.highlightText}, kTextContrast);
+    }
     canvas_.text(text, content.substr(0, kMaxDrawnText), color, FontOf(format.listTextBold),
                  kCellFormat | AlignFormat(format.listTextAlign));
 }

@@ -20,6 +20,8 @@ private:
     void pvHeaderCellDraw(int column);
     void pvSortMarkDraw(const platform::Rect& cell, bool ascending, platform::Color color);
     void pvItemDraw(int slot);
+    platform::Color pvGround(bool selected) const;
+    platform::Color pvFrameColor() const;
     void pvCellDraw(int slot, int column, bool selected);
     void pvBarDraw(const UcListBar& bar, int firstZone, int firstArrow);
     void pvButtonDraw(const platform::Rect& area, bool pressed, platform::Color color);

@@ -43,7 +43,7 @@ std::uint64_t FrameKey(const UcListView& view) {
         digest.Add(column.listTextAlign).Add(column.listTextBold).Add(column.listTextColor);
     }
     digest.Add(look.back).Add(look.text).Add(look.desktopText).Add(look.highlight).Add(look.highlightText);
-    digest.Add(look.icons).Add(look.focused && layout.listCount == 0);
+    digest.Add(look.icons).Add(look.focused).Add(static_cast<int>(look.selection));
     return digest.Key();
 }
 
@@ -83,7 +83,7 @@ void UcListShown::Describe(const UcListView& view, int slot, Row& row) {
     state.Add(displayRow < layout.listCount);
     if (displayRow < layout.listCount) {
         state.Add(view.model.Selected(displayRow));
-        state.Add(view.look.focused && view.look.focusRow == displayRow);
+        state.Add(view.look.focusRow == displayRow);
         for (int i = 0; i < view.model.ColumnCount(); ++i) {
             const std::string_view text = view.model.CellText(displayRow, i);
             if (i < layout.drawnColumns) {

@@ -33,6 +33,10 @@ enum class SysColor {
 // The user's colour for a part of the desktop. GetSysColor.
 Color systemColor(SysColor which);
 
+// The user has chosen few colours that stand far apart; a mix of two of them is none. onSystemColors tells of a
+// change. SystemParametersInfoA (SPI_GETHIGHCONTRAST).
+bool highContrast();
+
 enum class Font { Normal, Bold };
 
 // Bits of the text format; left and top aligned when none is given.

@@ -211,6 +211,10 @@ TEST_CASE_FIXTURE(Sheet, "pictures: copied, blended, masked and disabled") {
     for (const int x : {50, 70, 90}) CHECK(at(x, 50) == kGround);
 }
 
+TEST_CASE_FIXTURE(contract::Fresh, "nobody has chosen high contrast on a machine as it is set up") {
+    CHECK_FALSE(highContrast());
+}
+
 TEST_CASE_FIXTURE(contract::Fresh, "text has a size") {
     const Size line = textSize("Processes", Font::Normal);
     CHECK(line.width > 9);

@@ -114,6 +114,10 @@ Color systemColor(SysColor which) {
     return machine().desktop.systemColors[static_cast<std::size_t>(which)];
 }
 
+bool highContrast() {
+    return machine().desktop.highContrast;
+}
+
 bool Canvas::needsPaint(const Rect& area) const {
     return area.intersects(contextOf(native_).clip);
 }

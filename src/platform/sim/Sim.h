@@ -119,6 +119,7 @@ void closeBox(Window& window);
 void endSession();
 void restartShell();                                 // the tray forgets its icons; onTaskbarCreated follows
 void setSystemColor(SysColor which, Color color);    // onSystemColors follows, for every window
+void setHighContrast(bool on);                       // likewise; the colours stay
 void dragFrame(Window& window, const Rect& bounds);  // user resize: minimumSize is kept to
 Window* focusedWindow();
 Pointer pointerShape();                      // what the user sees: busy while a BusyPointer lives

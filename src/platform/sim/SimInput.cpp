@@ -256,6 +256,11 @@ void setSystemColor(SysColor which, Color color) {
     tellTopLevels([](Window& window) { sendColors(findRecord(window.native())); });
 }
 
+void setHighContrast(bool on) {
+    machine().desktop.highContrast = on;
+    tellTopLevels([](Window& window) { sendColors(findRecord(window.native())); });
+}
+
 void dragFrame(Window& window, const Rect& bounds) {
     const WindowPointer record = findRecord(window.native());
     if (!record || record->state != WindowState::Normal || !canReceive(*record)) return;

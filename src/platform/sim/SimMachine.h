@@ -196,6 +196,7 @@ struct Desktop {
     std::array<Color, 11> systemColors{rgb(255, 255, 255), rgb(0, 0, 0), rgb(10, 36, 106),   rgb(255, 255, 255),
                                        rgb(212, 208, 200), rgb(0, 0, 0), rgb(128, 128, 128), rgb(255, 255, 255),
                                        rgb(128, 128, 128), rgb(0, 0, 0), rgb(244, 243, 242)};
+    bool highContrast = false;
     std::uintptr_t active = 0;  // a top-level window
     std::uintptr_t focus = 0;
     std::uintptr_t capture = 0;

@@ -40,6 +40,13 @@ TRIVERTEX vertex(int x, int y, Color color) {
 
 }  // namespace
 
+bool highContrast() {
+    HIGHCONTRASTA chosen{};
+    chosen.cbSize = sizeof chosen;
+    return SystemParametersInfoA(SPI_GETHIGHCONTRAST, sizeof chosen, &chosen, 0) &&
+           (chosen.dwFlags & HCF_HIGHCONTRASTON) != 0;
+}
+
 Color systemColor(SysColor which) {
     switch (which) {
         case SysColor::Window:

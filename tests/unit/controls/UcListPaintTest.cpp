@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "UcListFixture.h"
+#include "controls/Contrast.h"
 
 using namespace controls;
 using namespace platform;
@@ -99,10 +100,47 @@ TEST_CASE_FIXTURE(PaintedList, "rows show selection and focus in the desktop's c
     list.SetHighlightColor(0x0000FF);
     CHECK(PixelAt(60, selected) == 0x0000FF);
     CHECK(PixelAt(60, selected - 17) == 0x00FF00);
+}
+
+TEST_CASE_FIXTURE(PaintedList, "a list shows whether the keys go to it") {
+    Fill(5);
+    const Point edge{445, 21 + 17 * 8};  // right of the columns, below the rows
+    const auto frame = [&] { return PixelAt(0, edge.y); };
+    const int row = Cell(2, 0).y;
+    CHECK(frame() == list.BackColor());
+    list.focus();
+    CHECK(frame() == systemColor(SysColor::Highlight));  // with nothing selected
     list.Clear();
-    CHECK(Focus().height() > 100);  // the whole area of the rows
+    CHECK(frame() == systemColor(SysColor::Highlight));
+    Fill(5);
+    list.SelectItem(2, true);
+    list.ReDraw();
+    const Color solid = PixelAt(60, row);
     form.focus();
     CHECK(Focus().empty());
+    CHECK(frame() == list.BackColor());
+
+    // Without the focus the selection is pale, and its text can be read whatever the colours.
+    for (const Color back : {0xFFFFFFU, 0x000000U, 0x808080U, 0x00FFFFU}) {
+        for (const Color highlight : {0x800000U, 0xFFFFFFU, 0x808080U, 0x00D7FFU}) {
+            CAPTURE(back);
+            CAPTURE(highlight);
+            list.SetBackColor(back);
+            list.SetHighlightColor(highlight);
+            const Color ground = PixelAt(60, row);
+            CHECK(ground != solid);
+            CHECK((ground == back) == (highlight == back));
+            CHECK(Contrast(ground, FindText("Name02")->color) >= kTextContrast);
+        }
+    }
+    sim::setHighContrast(true);
+    list.SetBackColor(0);
+    list.SetHighlightColor(0x00FFFF);
+    CHECK(PixelAt(60, row) == 0);
+    CHECK(PixelAt(0, row) == list.HighlightColor());
+    CHECK(PixelAt(0, row + 17) == 0);
+    list.focus();
+    CHECK(PixelAt(60, row) == list.HighlightColor());
 }
 
 TEST_CASE_FIXTURE(PaintedList, "every invalid pixel is covered at any size and position") {

@@ -57,6 +57,7 @@ struct Chance : ListFixture {
                                                      &List::SetListTextColor,  &List::SetHeaderBackColor,
                                                      &List::SetHeaderTextColor};
         (list.*kSetters[Any(7)])(AnyColor());
+        if (Any(8) == 0) sim::setHighContrast(Any(2) == 0);
         if (Any(4) == 0) sim::setSystemColor(static_cast<SysColor>(Any(8)), AnyColor());
     }
     void Restyle() {
