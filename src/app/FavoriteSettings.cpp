@@ -129,7 +129,7 @@ void FavoriteSettings::onPaint(platform::Canvas& canvas, const Rect& dirty) {
 
 bool FavoriteSettings::Key(const platform::KeyEvent& event) {
     if (!event.down || event.code != platform::key::kEscape || cmboPriority_.Dropped()) return false;
-    Close();
+    Leave();
     return true;
 }
 
@@ -145,15 +145,20 @@ void FavoriteSettings::Close() {
     if (Finish().noCpu) parts_.messages.Tell("Please select at least one CPU core for Affinity.");
 }
 
-favorites::SettingsEdit FavoriteSettings::Finish() {
-    if (!exists()) return {};
+bool FavoriteSettings::Leave() {
     parts_.slots.Stop(Slot::FavoritesPanel);
     const bool inUse = InUse();
-    favorites::SettingsChoice choice{affinityBoxes_.Count(), affinityBoxes_.Choice(), {}};
-    if (cmboPriority_.GetIndex() >= 0) choice.priority = PriorityEntry(cmboPriority_.GetIndex());
     destroy();
     // Where the user has gone instead, maybe to other favourites, focus and selection are as they want them.
     if (inUse) parts_.list.focus();
+    return inUse;
+}
+
+favorites::SettingsEdit FavoriteSettings::Finish() {
+    if (!exists()) return {};
+    favorites::SettingsChoice choice{affinityBoxes_.Count(), affinityBoxes_.Choice(), {}};
+    if (cmboPriority_.GetIndex() >= 0) choice.priority = PriorityEntry(cmboPriority_.GetIndex());
+    const bool inUse = Leave();
     using Select = favorites::FavoritesList::Select;
     const PausedSlot pause(parts_.slots, Slot::Process, kRefreshMilliseconds);
     const favorites::SettingsEdit edit =

@@ -19,8 +19,9 @@
 namespace app {
 
 // It shows what the favourites have in common. Where they differ, a box is in between and the chooser empty, and
-// what is left so stays as each of them has it. There is nothing to confirm: however the panel closes, by its
-// button or frame, by Escape or because the user goes on elsewhere, what it shows then is what the favourites get.
+// what is left so stays as each of them has it. There is nothing to confirm: when the panel closes, by its button
+// or frame or because the user goes on elsewhere, what it shows then is what the favourites get. Escape leaves them
+// alone.
 class FavoriteSettings : public platform::Window {
 public:
     // All outlive the panel. `list` shows the favourites.
@@ -60,6 +61,7 @@ private:
     void ShowSettings(const std::vector<favorites::Favorite>& favorites);
     bool Key(const platform::KeyEvent& event);
     bool InUse() const;
+    bool Leave();  // closes it, without more; whether the user was still in it
     std::vector<int> EditedRows() const;
 
     Parts parts_;
