@@ -144,6 +144,7 @@ void Form1::ResetColumns() {
     layouts_.Reset();
     ApplyColumns(maximized_);
     if (!inTray_) LayOut();  // else when it is back
+    layouts_.Save(settings_);
 }
 
 void Form1::SelectionReplaced() {

@@ -162,10 +162,12 @@ TEST_CASE_FIXTURE(Desk, "Options: columns and splitter go back to those of a fir
     }
     Click("Column Widths");
     CHECK(Processes().ColumnWidthsText() == "134,82,60,40,60,70,");
-    Exit();
-    CHECK(Stored("FileColWide") == "134,82,60,40,60,70,");
-    CHECK(Stored("FavColWideMax") == "134,82,70,50,50,");
-    CHECK(Stored("SplitterMax") == "474");
+    for (const bool atTheEnd : {false, true}) {
+        if (atTheEnd) Exit();
+        CHECK(Stored("FileColWide") == "134,82,60,40,60,70,");
+        CHECK(Stored("FavColWideMax") == "134,82,70,50,50,");
+        CHECK(Stored("SplitterMax") == "474");
+    }
 }
 
 TEST_CASE_FIXTURE(Desk, "Options: all settings forgotten, and the program begins anew if the user likes") {
