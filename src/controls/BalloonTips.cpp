@@ -16,7 +16,7 @@ void BalloonTips::SetEnabled(bool enabled) {
 
 void BalloonTips::Show(const std::string& text, const platform::Window& target, const std::string& title,
                        bool force) {
-    if ((!force && !enabled_) || !target.exists() || ShownFor(target)) return;
+    if ((!force && !enabled_) || !target.exists() || ShownFor(target) || dismissed_ == target.native()) return;
     Remove();
     target_ = target.native();
     created_ = true;
@@ -36,6 +36,13 @@ void BalloonTips::Make(const std::string& text, const platform::Window& target, 
 void BalloonTips::Remove() {
     tooltip_.reset();
     created_ = false;
+    dismissed_ = 0;
+}
+
+// A pointer that rests there is reported again after the click.
+void BalloonTips::Dismiss(const platform::Window& target) {
+    Remove();
+    if (target.underPointer()) dismissed_ = target.native();
 }
 
 bool BalloonTips::ShownFor(const platform::Window& target) const {

@@ -21,6 +21,8 @@ public:
     void Show(const std::string& text, const platform::Window& target, const std::string& title, bool force);
     // Takes the tip away.
     void Remove();
+    // Likewise when the user has clicked `target`: while the pointer stays over it nothing explains it again.
+    void Dismiss(const platform::Window& target);
     // True from Show to Remove (or the next target): another Show for this target would do nothing.
     bool ShownFor(const platform::Window& target) const;
 
@@ -28,8 +30,9 @@ private:
     void Make(const std::string& text, const platform::Window& target, const std::string& title);
 
     bool enabled_ = true;
-    bool created_ = false;       // or tried in vain
-    std::uintptr_t target_ = 0;  // only ever compared: its window may be gone
+    bool created_ = false;          // or tried in vain
+    std::uintptr_t target_ = 0;     // only ever compared: its window may be gone
+    std::uintptr_t dismissed_ = 0;  // likewise
     platform::TooltipHandle tooltip_;
 };
 

@@ -40,15 +40,16 @@ Rect HorizSlider::Thumb() const {
     return {thumbLeft_, 0, thumbLeft_ + kThumbWidth, clientSize().height};
 }
 
-void HorizSlider::SetRange(int most, int page) {
+void HorizSlider::SetRange(int least, int most, int page) {
+    least_ = least;
     most_ = most;
     page_ = page;
     SetValue(value_);
 }
 
 void HorizSlider::SetValue(int value) {
-    value_ = static_cast<std::int16_t>(std::clamp(value, 0, most_));
-    thumbLeft_ = value_ * Travel() / most_;
+    value_ = static_cast<std::int16_t>(std::clamp(value, least_, most_));
+    thumbLeft_ = (value_ - least_) * Travel() / (most_ - least_);
     if (exists()) invalidate();
 }
 
@@ -76,7 +77,7 @@ void HorizSlider::MoveThumb(int left) {
     if (travel == 0) return;
     thumbLeft_ = std::clamp(left, 0, travel);
     invalidate();
-    const int value = std::clamp((2 * thumbLeft_ * most_ + travel) / (2 * travel), 0, most_);
+    const int value = least_ + (2 * thumbLeft_ * (most_ - least_) + travel) / (2 * travel);
     if (value == value_) return;
     value_ = static_cast<std::int16_t>(value);
     const auto change = Change;
@@ -134,7 +135,7 @@ void HorizSlider::onFocus(bool) {
 void HorizSlider::onKey(const platform::KeyEvent& event) {
     namespace key = platform::key;
     if (!event.down || dragging_) return;
-    const auto to = [this](int value) { ChangeTo(std::clamp(value, 0, most_)); };
+    const auto to = [this](int value) { ChangeTo(std::clamp(value, least_, most_)); };
     switch (event.code) {
         case key::kLeft:
         case key::kUp:
@@ -147,7 +148,7 @@ void HorizSlider::onKey(const platform::KeyEvent& event) {
         case key::kPageDown:
             return to(value_ + page_);
         case key::kHome:
-            return to(0);
+            return to(least_);
         case key::kEnd:
             return to(most_);
         default:

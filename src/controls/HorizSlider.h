@@ -19,9 +19,9 @@ public:
     bool Create(platform::Window& parent, const std::string& instanceName, const platform::Rect& bounds);
     std::uintptr_t hwnd() const { return native(); }
 
-    // From 0 to `most` (above 0) instead of 255, with pages of `page` steps instead of 16.
-    void SetRange(int most, int page);
-    // 0 at the left end to the most, 255, at the right; SetValue brings others to the nearer end.
+    // From `least` to `most`, which is above it, instead of 0 to 255, with pages of `page` steps instead of 16.
+    void SetRange(int least, int most, int page);
+    // The least, 0, at the left end to the most, 255, at the right; SetValue brings others to the nearer end.
     std::int16_t Value() const { return value_; }
     void SetValue(int value);
     bool Enabled() const { return enabled(); }
@@ -46,6 +46,7 @@ private:
     void ChangeTo(int value);
     void SetHovered(bool hovered);
 
+    int least_ = 0;
     int most_ = 255;
     int page_ = 16;
     std::int16_t value_ = 0;

@@ -7,8 +7,6 @@
 namespace graphs {
 
 namespace {
-constexpr int kLeastLevel = 20;
-constexpr int kSolidLevel = 100;
 constexpr int kSolidAlpha = 255;
 }  // namespace
 
@@ -30,8 +28,8 @@ std::uint8_t AlphaOfLevel(int level) {
     // The user reads the level as a percentage, so that 85 has to let a little of the desktop through and 100
     // nothing; more than all is all. A window that nobody can see can't be made visible again either: a fifth of it
     // always remains.
-    const int percent = std::clamp(level, kLeastLevel, kSolidLevel);
-    return static_cast<std::uint8_t>(percent * kSolidAlpha / kSolidLevel);
+    const int percent = std::clamp(level, settings::kLeastTransLevel, settings::kMostTransLevel);
+    return static_cast<std::uint8_t>(percent * kSolidAlpha / settings::kMostTransLevel);
 }
 
 }  // namespace graphs

@@ -125,7 +125,7 @@ bool FrmOptions::CreateSlider(const OptionInfo& info, platform::Window& parent) 
     slider.Change = [this, option = info.option] { Changed(option); };
     if (!At(info.option).label.Create(parent, "LblTrans", kLater)) return false;
     if (!slider.Create(parent, info.name, kLater)) return false;
-    slider.SetRange(100, kLevelPage);
+    slider.SetRange(kLeastTransLevel, kMostTransLevel, kLevelPage);
     return true;
 }
 

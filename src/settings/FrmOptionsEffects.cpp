@@ -69,6 +69,7 @@ void FrmOptions::ShowLevel() {
 
 // The host, which every change ends with, may destroy the dialog.
 void FrmOptions::Changed(Option option) {
+    parts_.tips.Dismiss(ControlOf(option));
     switch (option) {
         case Option::ChkStart:
             return StartChanged();
@@ -81,7 +82,6 @@ void FrmOptions::Changed(Option option) {
         default:
             break;
     }
-    parts_.tips.Remove();
     Write(InfoOf(option));
     TakeEffect(InfoOf(option));
 }
@@ -164,7 +164,6 @@ void FrmOptions::ShadowChanged() {
 }
 
 void FrmOptions::ResetColumns() {
-    parts_.tips.Remove();
     // Nothing is lost by it, so that, unlike with the other questions, only a No keeps it from being done.
     const int answer = parts_.msgBoxes.Show("Reset column widths and splitter bar to defaults?",
                                             controls::MsgStyle::Question, controls::kInfoTitle, *this, Sounds());
@@ -181,7 +180,6 @@ void FrmOptions::RestoreAll() {
 // ---- starting with Windows: the program or Kestrum Jr., not both ----
 
 void FrmOptions::StartChanged() {
-    parts_.tips.Remove();
     const bool start = CheckAt(Option::ChkStart).Value();
     if (start) {
         SetStartEntry(kJrStartEntry, parts_.folder, false, {});
@@ -191,10 +189,11 @@ void FrmOptions::StartChanged() {
 }
 
 void FrmOptions::StartJrChanged() {
-    parts_.tips.Remove();
     if (!platform::fileExists(StartProgram(parts_.folder, kJrStartEntry))) {
         CheckAt(Option::ChkStartJr).SetValue(false);
         SetStartEntry(kJrStartEntry, parts_.folder, false, {});
+        // What was chosen is not kept.
+        for (const Option list : {Option::CboFavJr, Option::CboEnforceJr}) Read(InfoOf(list));
         parts_.msgBoxes.Show(std::string("Missing File: ") + kJrStartEntry + ".exe",
                              controls::MsgStyle::Information, "File Missing", *this, Sounds());
         return;
@@ -213,7 +212,6 @@ void FrmOptions::StartJrChanged() {
 }
 
 bool FrmOptions::Ask(const std::string& question, controls::Preset preset) {
-    parts_.tips.Remove();
     return parts_.msgBoxes.Confirm(question, controls::kInfoTitle, *this, Sounds(), preset);
 }
 

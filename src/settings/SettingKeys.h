@@ -6,6 +6,10 @@ namespace settings {
 // The address of the program's settings in the per-user store.
 inline constexpr char kSection[] = "Morvell\\Kestrum2";
 
+// Values of Key::TransLevel: more is all of a graph, and with less nobody would find it again.
+inline constexpr int kLeastTransLevel = 20;
+inline constexpr int kMostTransLevel = 100;
+
 enum class Key {
     Shadow,
     FavName,

@@ -187,7 +187,8 @@ void MoveSlider(const OptionsDialog& dialog) {
         return Child(dialog.Page(OptionPage::CpuGraphs), "Label", level) != nullptr;
     };
     CHECK(dialog.Press(Option::HScrl, VK_LEFT, [&] { return shows("Translucency: 84%"); }));
-    CHECK(dialog.ClickAt(Option::HScrl, 0, [&] { return shows("Translucency: 0%") || shows("Translucency: 1%"); }));
+    CHECK(
+        dialog.ClickAt(Option::HScrl, 0, [&] { return shows("Translucency: 20%") || shows("Translucency: 21%"); }));
 }
 
 void PressTotal(const OptionsDialog& dialog) {

@@ -132,24 +132,24 @@ TEST_CASE_FIXTURE(OptionsBench, "the translucency counts while graphs are opaque
         CHECK(says("86%"));
         sim::pressKey(key::kEnd);
         sim::mouseDown(Slider(), {0, 3});
-        CHECK(says("0%"));
+        CHECK(says("20%"));
         sim::mouseUp(Slider(), {Slider().clientSize().width / 2, 3});
         sim::pressKey(key::kPageDown);
-        CHECK(says("10%"));
-        CHECK(TakeCalls() == Calls{"translucent 86", "translucent 100", "translucent 0", "translucent 10"});
+        CHECK(says("30%"));
+        CHECK(TakeCalls() == Calls{"translucent 86", "translucent 100", "translucent 20", "translucent 30"});
         CHECK(Stored(Key::TransLevel) == "(none)");
     });
-    CHECK(Stored(Key::TransLevel) == "10");
+    CHECK(Stored(Key::TransLevel) == "30");
 
     Store(Key::SeeThruCPU, "True");
     Store(Key::TransLevel, "-20");
     Show([&] {
         CHECK(says("Off"));
         Click(Option::ChkSeeThru);
-        CHECK(TakeCalls() == Calls{"translucent 0"});
+        CHECK(TakeCalls() == Calls{"translucent 20"});
         sim::closeBox(dialog);
     });
-    CHECK(Stored(Key::TransLevel) == "0");
+    CHECK(Stored(Key::TransLevel) == "20");
 }
 
 TEST_CASE_FIXTURE(OptionsBench, "what cannot be taken back is asked for first") {
@@ -264,6 +264,15 @@ TEST_CASE_FIXTURE(OptionsBench, "controls explain themselves, the buttons below 
             CHECK(sim::tips()[0].title == info.tipTitle);
             CHECK(sim::tips()[0].text == info.tipText);
         }
+        // After a click no more, until the pointer has been elsewhere.
+        platform::Window& box = Check(Option::ChkCpuTips);
+        Click(Option::ChkCpuTips);
+        for (const bool left : {false, true}) {
+            if (left) sim::movePointer({0, 0});
+            sim::setPointer(box, {6, 5});
+            CHECK(sim::tips().size() == (left ? 1 : 0));
+        }
+        TakeCalls();
         Click(Option::CmdHelp);
         sim::pressKey(key::kF1);
         Click(Option::CmdShowTtl);

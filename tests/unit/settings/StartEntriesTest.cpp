@@ -83,6 +83,7 @@ TEST_CASE_FIXTURE(OptionsBench, "Kestrum Jr. that is not there is not started") 
     Show([&] {
         Answer(key::kEscape);
         Pick(Option::CboFavJr, 1);
+        CHECK(List(Option::CboFavJr).GetIndex() == 0);  // as it is stored
         CHECK(messages == Calls{"File Missing: Missing File: Kestrum_Jr.exe"});
         CHECK_FALSE(Check(Option::ChkStartJr).Value());
         CHECK_FALSE(sim::runEntry("Kestrum_Jr"));
