@@ -48,11 +48,12 @@ void CheckBox::Paint(platform::Canvas& canvas, const Rect& area) {
     const Rect box{0, top, kBox, top + kBox};
     canvas.fill(box, systemColor(Pressed() ? SysColor::ButtonFace : SysColor::Window));
     canvas.frame(box, systemColor(Hovered() ? SysColor::Highlight : SysColor::ButtonShadow));
-    const SysColor ink = Enabled() ? SysColor::WindowText : SysColor::GrayText;
-    if (mark_ == Mark::Tick) DrawTick(canvas, box, systemColor(ink));
-    if (mark_ == Mark::InBetween) canvas.fill(box.inset(kInBetweenMargin, kInBetweenMargin), systemColor(ink));
+    const auto ink = [this](SysColor enabled) { return systemColor(Enabled() ? enabled : SysColor::GrayText); };
+    const platform::Color mark = ink(Pressed() ? SysColor::ButtonText : SysColor::WindowText);
+    if (mark_ == Mark::Tick) DrawTick(canvas, box, mark);
+    if (mark_ == Mark::InBetween) canvas.fill(box.inset(kInBetweenMargin, kInBetweenMargin), mark);
     const Rect label{kTextLeft, 0, area.right, area.bottom};
-    canvas.text(label.inset(kFocusMargin, 0), Caption(), systemColor(ink), Font::Normal,
+    canvas.text(label.inset(kFocusMargin, 0), Caption(), ink(SysColor::ButtonText), Font::Normal,
                 platform::kTextSingleLine | platform::kTextVCenter | platform::kTextNoPrefix);
     if (focused()) canvas.focusRect(label.inset(0, kFocusMargin));
 }

@@ -62,7 +62,7 @@ void GradColorChk::Paint(Canvas& canvas, const Rect& area) {
                     platform::kTextSingleLine);
     }
     const Rect label{kCaptionLeft, 0, area.right, area.bottom};
-    canvas.text(label, Caption(), systemColor(Enabled() ? SysColor::WindowText : SysColor::GrayText), Font::Normal,
+    canvas.text(label, Caption(), systemColor(Enabled() ? SysColor::ButtonText : SysColor::GrayText), Font::Normal,
                 platform::kTextSingleLine | platform::kTextVCenter | platform::kTextNoPrefix);
     if (focused()) {
         const Size text = platform::textSize(Caption(), Font::Normal);

@@ -163,6 +163,8 @@ TEST_CASE("Push button and check box show their captions as they are, and have r
     box.control.SetCaption("Sounds");
     CHECK(box.control.PreferredSize().width >= 16 + 36);
     CHECK(box.Painted("text").at(0).area.left == 16);
+    sim::setSystemColor(SysColor::ButtonText, rgb(250, 240, 230));  // the ground is the button's face
+    CHECK(box.Painted("text").at(0).color == rgb(250, 240, 230));
     box.control.SetValue(true);
     CHECK(box.clicks == 0);
     CHECK(box.Painted("text").at(0).text == "X");
@@ -178,6 +180,8 @@ TEST_CASE("Push button and check box show their captions as they are, and have r
 
 TEST_CASE("A plain check box can be in between, until it is toggled") {
     ControlFixture<CheckBox> one({20, 20, 100, 41});
+    sim::setSystemColor(SysColor::ButtonText, rgb(250, 240, 230));  // of the caption, but not of the mark
+    CHECK(one.Painted("text").at(0).color == rgb(250, 240, 230));
     const auto marked = [&] { return one.PixelAt(6, 10) == systemColor(SysColor::WindowText); };
     CHECK_FALSE(marked());
     one.control.SetInBetween();
