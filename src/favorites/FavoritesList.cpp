@@ -37,7 +37,7 @@ FavoritesList::FavoritesList(controls::UcList1& list, std::string baseFolder, Ba
     : list_(list),
       baseFolder_(std::move(baseFolder)),
       balloon_(std::move(balloon)),
-      icons_(storage::CacheFolder(baseFolder_), controls::kDefaultIcon),
+      icons_(baseFolder_, storage::kCacheFolder, controls::kDefaultIcon),
       favName_(ProfileName(1)) {
     list_.DrawIcon = [this](platform::Canvas& canvas, platform::Point at, int row) { DrawIcon(canvas, at, row); };
 }
@@ -272,10 +272,10 @@ void FavoritesList::AddRow(const Favorite& favorite) {
 
 // Deletes the icons that no profile needs any more.
 void FavoritesList::CleanUpIcons() const {
-    std::set<std::string, std::less<>> names;
+    std::set<std::string, std::less<>> keys;
     // What an unreadable profile needs is unknown: everything stays until it can be read again.
-    if (!NamesInProfiles(baseFolder_, names)) return;
-    icons_.CleanUp([&names](const std::string& name) { return names.contains(name); });
+    if (!IconKeysInProfiles(baseFolder_, keys)) return;
+    icons_.CleanUp([&keys](const std::string& key) { return keys.contains(key); });
 }
 
 void FavoritesList::DrawIcon(platform::Canvas& canvas, platform::Point at, int row) {

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "platform/Files.h"
+#include "storage/IconCache.h"
 #include "storage/SafeFile.h"
-#include "text/Case.h"
 
 namespace favorites {
 
@@ -13,12 +13,12 @@ namespace {
 constexpr char kEmptyMark[] = " (Empty)";
 
 // The first columns of a profile's lines, except the header, which has no tab.
-bool CollectNames(const std::string& profilePath, std::set<std::string, std::less<>>& names) {
+bool CollectKeys(const std::string& profilePath, std::set<std::string, std::less<>>& keys) {
     std::string content;
     if (storage::ReadWhole(profilePath, content) == storage::ReadResult::Failed) return false;
     for (const std::string_view line : storage::SplitLines(content)) {
         const std::size_t tab = line.find('\t');
-        if (tab != std::string_view::npos) names.insert(text::Lower(line.substr(0, tab)));
+        if (tab != std::string_view::npos) keys.insert(storage::IconCache::KeyOf(line.substr(0, tab)));
     }
     return true;
 }
@@ -59,9 +59,9 @@ void CleanUpProfiles(const std::string& baseFolder) {
     }
 }
 
-bool NamesInProfiles(const std::string& baseFolder, std::set<std::string, std::less<>>& names) {
+bool IconKeysInProfiles(const std::string& baseFolder, std::set<std::string, std::less<>>& keys) {
     for (int number = 1; number <= kProfileCount; ++number) {
-        if (!CollectNames(ProfilePath(baseFolder, ProfileName(number)), names)) return false;
+        if (!CollectKeys(ProfilePath(baseFolder, ProfileName(number)), keys)) return false;
     }
     return true;
 }

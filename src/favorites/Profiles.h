@@ -29,8 +29,8 @@ std::string ProfileCaption(const std::string& baseFolder, int number);
 // Deletes what an end of the program in the middle of a save has left beside the profiles.
 void CleanUpProfiles(const std::string& baseFolder);
 
-// Collects the lower-cased file names of all favourites in all five profiles. False when a profile is there but
-// cannot be read: what it holds is unknown then.
-bool NamesInProfiles(const std::string& baseFolder, std::set<std::string, std::less<>>& names);
+// Collects the keys under which the icons of all favourites in all five profiles are kept. False when a profile is
+// there but cannot be read: what it holds is unknown then.
+bool IconKeysInProfiles(const std::string& baseFolder, std::set<std::string, std::less<>>& keys);
 
 }  // namespace favorites

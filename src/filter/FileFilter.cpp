@@ -10,7 +10,7 @@
 namespace filter {
 
 FileFilter::FileFilter(std::string baseFolder)
-    : path_(baseFolder + "FileFilter"), icons_(storage::FilterFolder(baseFolder), controls::kDefaultIcon) {}
+    : path_(baseFolder + "FileFilter"), icons_(baseFolder, storage::kFilterFolder, controls::kDefaultIcon) {}
 
 bool FileFilter::Load() {
     storage::CleanUpAfter(path_);
@@ -75,7 +75,7 @@ void FileFilter::Remove(const std::vector<int>& indices) {
     if (kept.ListCount() == Count()) return;
     names_ = std::move(kept);
     // While the file still has the names that went, their icons stay, too.
-    if (Save()) icons_.CleanUp([this](const std::string& name) { return Contains(name); });
+    if (Save()) icons_.CleanUp([this](const std::string& key) { return Contains(key); });
 }
 
 bool FileFilter::Save() {

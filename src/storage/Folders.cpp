@@ -12,17 +12,9 @@ std::string BaseFolder() {
     return folder;
 }
 
-std::string CacheFolder(const std::string& baseFolder) {
-    return baseFolder + "Cache\\";
-}
-
-std::string FilterFolder(const std::string& baseFolder) {
-    return CacheFolder(baseFolder) + "Filters\\";
-}
-
 void CreateFolders(const std::string& baseFolder) {
-    platform::createFolders(CacheFolder(baseFolder));
-    platform::createFolders(FilterFolder(baseFolder));
+    platform::createFolders(baseFolder + kCacheFolder);
+    platform::createFolders(baseFolder + kFilterFolder);
 }
 
 }  // namespace storage

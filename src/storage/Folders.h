@@ -7,8 +7,9 @@ namespace storage {
 
 // The folder of this program. programPath.
 std::string BaseFolder();
-std::string CacheFolder(const std::string& baseFolder);   // favourites' icons: base folder + "Cache\"
-std::string FilterFolder(const std::string& baseFolder);  // filtered programs' icons, inside the cache folder
+// Below it: favourites' icons, and those of filtered programs.
+inline constexpr char kCacheFolder[] = "Cache\\";
+inline constexpr char kFilterFolder[] = "Cache\\Filters\\";
 // Makes the cache and filter folders. createFolders; errors are ignored.
 void CreateFolders(const std::string& baseFolder);
 

@@ -12,13 +12,24 @@ namespace storage {
 namespace {
 
 constexpr char kBitmap[] = ".bmp";
+constexpr platform::Size kSize{IconCache::kIconSize, IconCache::kIconSize};
 constexpr std::size_t kMostPictures = 256;  // of a system-wide limited kind of object
+
+std::optional<Bitmap> ReadBitmap(const std::string& path) {
+    const std::optional<std::string> content = platform::readFile(path, kMostBitmapBytes);
+    return content ? DecodeBitmap(*content) : std::nullopt;
+}
 
 // Empty when the file is missing, or no such picture.
 platform::PictureHandle LoadPicture(const std::string& path) {
-    const std::optional<std::string> content = platform::readFile(path, kMostBitmapBytes);
-    const std::optional<Bitmap> bitmap = content ? DecodeBitmap(*content) : std::nullopt;
+    const std::optional<Bitmap> bitmap = ReadBitmap(path);
     return bitmap ? platform::pictureFromPixels(bitmap->size, bitmap->pixels) : platform::PictureHandle();
+}
+
+// As icons are kept here, and few other pictures.
+bool IsKeptIcon(const std::string& path) {
+    const std::optional<Bitmap> bitmap = ReadBitmap(path);
+    return bitmap && bitmap->size == kSize && bitmap->bitsPerPixel == 32;
 }
 
 bool SavePicture(const std::string& path, const platform::PictureHandle& picture) {
@@ -27,12 +38,17 @@ bool SavePicture(const std::string& path, const platform::PictureHandle& picture
 }
 
 bool Usable(const platform::PictureHandle& picture) {
-    return platform::pictureSize(picture) == platform::Size{IconCache::kIconSize, IconCache::kIconSize};
+    return platform::pictureSize(picture) == kSize;
 }
 
 }  // namespace
 
-IconCache::IconCache(std::string folder, int defaultIcon) : folder_(std::move(folder)), defaultIcon_(defaultIcon) {}
+IconCache::IconCache(std::string baseFolder, std::string folder, int defaultIcon)
+    : baseFolder_(std::move(baseFolder)), folder_(std::move(folder)), defaultIcon_(defaultIcon) {}
+
+std::string IconCache::KeyOf(std::string_view fileName) {
+    return text::Lower(fileName.substr(fileName.find_last_of("\\/:") + 1));
+}
 
 void IconCache::Release() {
     strip_.clear();
@@ -40,7 +56,7 @@ void IconCache::Release() {
 }
 
 int IconCache::Add(std::string_view fileName) {
-    strip_.push_back(text::Lower(fileName));
+    strip_.push_back(KeyOf(fileName));
     return static_cast<int>(strip_.size());
 }
 
@@ -62,7 +78,7 @@ const platform::PictureHandle& IconCache::At(int index) {
 }
 
 void IconCache::Make(const std::string& programPath) {
-    const std::string key = text::Lower(text::FileNameOf(programPath));
+    const std::string key = KeyOf(programPath);
     const std::string file = FileOf(key);
     // A bitmap that is damaged, or not one of ours, counts as none.
     if (Usable(LoadPicture(file))) return;
@@ -72,16 +88,26 @@ void IconCache::Make(const std::string& programPath) {
 }
 
 void IconCache::CleanUp(const std::function<bool(const std::string&)>& needed) const {
-    for (const std::string& file : platform::listFiles(folder_, "*.bmp")) {
+    if (ReachedByLink()) return;
+    const std::string folder = baseFolder_ + folder_;
+    for (const std::string& file : platform::listFiles(folder, "*.bmp")) {
         const std::string lower = text::Lower(file);
         // The pattern also finds files by their short names, whose extension may be a longer one.
-        if (!lower.ends_with(kBitmap)) continue;
-        if (!needed(lower.substr(0, lower.size() - 4))) platform::deleteFile(folder_ + file);
+        if (!lower.ends_with(kBitmap) || needed(lower.substr(0, lower.size() - 4))) continue;
+        if (IsKeptIcon(folder + file)) platform::deleteFile(folder + file);
     }
 }
 
+// Of the folders between the program and the icons.
+bool IconCache::ReachedByLink() const {
+    for (std::size_t end = folder_.find('\\'); end != std::string::npos; end = folder_.find('\\', end + 1)) {
+        if (platform::isLink(baseFolder_ + folder_.substr(0, end))) return true;
+    }
+    return false;
+}
+
 std::string IconCache::FileOf(const std::string& key) const {
-    return folder_ + key + kBitmap;
+    return baseFolder_ + folder_ + key + kBitmap;
 }
 
 }  // namespace storage

@@ -16,12 +16,17 @@ class IconCache {
 public:
     static constexpr int kIconSize = 16;  // pixels
 
-    // `folder` ends in "\". `defaultIcon`: the icon resource shown for programs whose icon is not kept.
-    IconCache(std::string folder, int defaultIcon);
+    // The icons are kept in `folder`, below `baseFolder`; both end in "\". `defaultIcon`: the icon resource shown
+    // for programs whose icon is not kept.
+    IconCache(std::string baseFolder, std::string folder, int defaultIcon);
+
+    // What a file name's icon is kept under: the name in lower case, from behind the last "\", "/" or ":" on. A
+    // name that is read from a file may hold anything, and would else lead to files elsewhere.
+    static std::string KeyOf(std::string_view fileName);
 
     // Empties the strip, and forgets the pictures read so far.
     void Release();
-    // Appends the icon kept for a file name (letter case is ignored) to the strip; its index there, from 1 on.
+    // Appends the icon kept for a file name to the strip; its index there, from 1 on.
     int Add(std::string_view fileName);
     // The 16 x 16 icon at an index of the strip; the default icon when none is kept for it or there is no such
     // index. Empty only when the program has lost its own resources. Valid until the next call.
@@ -29,13 +34,16 @@ public:
 
     // Keeps the first icon of a program file, unless there is one for its file name already. extractIcon.
     void Make(const std::string& programPath);
-    // Deletes the bitmaps of the file names (in lower case) that are not `needed`. listFiles, deleteFile.
-    void CleanUp(const std::function<bool(const std::string& lowerFileName)>& needed) const;
+    // Deletes the icons whose keys are not `needed`. Anybody's picture may have come into the folder: what does not
+    // look like an icon of ours stays, and so does all that is reached by a link. listFiles, readFile, deleteFile.
+    void CleanUp(const std::function<bool(const std::string& key)>& needed) const;
 
 private:
     std::string FileOf(const std::string& key) const;
+    bool ReachedByLink() const;
 
-    std::string folder_;
+    std::string baseFolder_;
+    std::string folder_;  // below it
     int defaultIcon_;
     std::vector<std::string> strip_;                         // keys; index 0 is strip index 1
     std::map<std::string, platform::PictureHandle> loaded_;  // an empty one: nothing kept for this key

@@ -83,7 +83,7 @@ profile=$folder/'My Favs 1'
 filter=$folder/FileFilter
 picture=$folder/Cache/notepad.exe.bmp
 filter_picture=$folder/Cache/Filters/player.exe.bmp
-strangers=("$folder/My Favs 1.txt" "$folder/My Favs 6" "$folder/Cache/notes.bmp2")
+strangers=("$folder/My Favs 1.txt" "$folder/My Favs 6" "$folder/Cache/notes.bmp2" "$folder/Cache/holiday.bmp")
 mine() { cksum "$profile" "$filter" "$@" 2>&1; }
 
 install
@@ -95,7 +95,11 @@ set_value "$settings" AutoSet False
 mkdir -p "$folder/Cache/Filters"
 printf '%s\r\n' '[Kestrum 2 - Morvell Software 2010]' $'notepad.exe\t0\tHigh\tC:\\windows\\notepad.exe\t' >"$profile"
 printf '%s\r\n' player.exe >"$filter"
-convert -size 16x16 xc:red BMP3:"$picture"
+# An icon as the programs keep it: the headers of a bitmap of 16 x 16 pixels, 32 bits each.
+{
+    printf 'BM\x36\x04\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\x10\0\0\0\x10\0\0\0\x01\0\x20\0'
+    head -c 1048 /dev/zero
+} >"$picture"
 cp "$picture" "$filter_picture"
 for file in "${strangers[@]}"; do echo mine >"$file"; done
 before=$(mine)

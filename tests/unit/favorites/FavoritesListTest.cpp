@@ -5,6 +5,7 @@
 
 #include "FavoritesFixture.h"
 #include "platform/Files.h"
+#include "storage/BitmapFile.h"
 
 using namespace favoritestest;
 using favorites::AddFavResult;
@@ -12,6 +13,8 @@ using favorites::AddFavResult;
 namespace {
 
 const std::string kProfile = kBase + "My Favs 1";
+
+const std::string kIcon = storage::EncodeBitmap({16, 16}, std::vector<std::uint32_t>(256, 7));
 
 std::string Line(const std::string& name, const std::string& rest = "") {
     return name + "\t0\tHigh\tC:\\" + name + "\t" + rest + "\r\n";
@@ -49,7 +52,7 @@ TEST_CASE_FIXTURE(Bench, "loading shows the profile in the file's order and leav
 }
 
 TEST_CASE_FIXTURE(Bench, "programs that are gone leave the profile with one balloon, and their icons go too") {
-    sim::putFile(kBase + "Cache\\gone.exe.bmp", "");
+    sim::putFile(kBase + "Cache\\gone.exe.bmp", kIcon);
     // What is no program file counts as gone, too: a folder, a share that is away, a path without end.
     sim::putFolder("C:\\Folder.exe");
     Load(Line("gone.exe") + Line("a.exe") + Line("Folder.exe") + "P\t0\tLow\t\\\\away\\share\\p.exe\t\r\n" +

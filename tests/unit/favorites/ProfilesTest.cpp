@@ -21,14 +21,14 @@ TEST_CASE("profiles have names, captions and a place") {
     CHECK(platform::fileExists("C:\\Kestrum\\Cache\\Filters\\inside.bmp"));
 }
 
-TEST_CASE("the names in all profiles are known while every profile can be read") {
+TEST_CASE("the icons that profiles need are known while every profile can be read") {
     sim::reset();
-    sim::putFile(kBase + "My Favs 1", "gone.exe\r\n\r\nChess.exe\t0\tLow\tC:\\Chess.exe\t\r\n");
+    sim::putFile(kBase + "My Favs 1", "gone.exe\r\n\r\n..\\x/Chess.exe\t0\tLow\tC:\\Chess.exe\t\r\n");
     sim::putFile(kBase + "My Favs 5", "[header]\r\ngo.exe\t0\tLow\tC:\\go.exe\t");
     sim::putFile(kBase + "My Favs 6", "gone.exe\tno profile");
     std::set<std::string, std::less<>> found;
-    CHECK(favorites::NamesInProfiles(kBase, found));
+    CHECK(favorites::IconKeysInProfiles(kBase, found));
     CHECK(found == std::set<std::string, std::less<>>{"chess.exe", "go.exe"});
     sim::setUnreadable(kBase + "My Favs 5", true);
-    CHECK_FALSE(favorites::NamesInProfiles(kBase, found));
+    CHECK_FALSE(favorites::IconKeysInProfiles(kBase, found));
 }

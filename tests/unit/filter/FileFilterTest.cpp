@@ -6,6 +6,7 @@
 #include "filter/FilterFile.h"
 #include "platform/Files.h"
 #include "platform/sim/Sim.h"
+#include "storage/BitmapFile.h"
 #include "storage/Folders.h"
 
 namespace sim = platform::sim;
@@ -150,7 +151,7 @@ TEST_CASE_FIXTURE(Bench, "what cannot be written stays in memory, and the file w
 
 TEST_CASE_FIXTURE(Bench, "a filter file that could not be read is never written over, and joined when it can be") {
     sim::putFile(kFile, "a.exe\r\nb.exe\r\n");
-    sim::putFile(kIcons + "a.exe.bmp", "");
+    sim::putFile(kIcons + "a.exe.bmp", storage::EncodeBitmap({16, 16}, std::vector<std::uint32_t>(256, 7)));
     sim::setUnreadable(kFile, true);
     CHECK_FALSE(filter.Load());
     CHECK(filter.AddFilter("C:\\b.exe") == AddFilterResult::Added);

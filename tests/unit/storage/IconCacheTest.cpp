@@ -5,6 +5,7 @@
 
 #include "platform/Files.h"
 #include "platform/sim/Sim.h"
+#include "storage/BitmapFile.h"
 #include "storage/Folders.h"
 
 namespace sim = platform::sim;
@@ -35,7 +36,7 @@ struct Disk {
         Fresh() { sim::reset(); }
         ~Fresh() { CHECK(sim::openHandles() == 0); }
     } fresh;
-    IconCache icons{kCache, 2};
+    IconCache icons{kBase, storage::kCacheFolder, 2};
 };
 
 }  // namespace
@@ -43,11 +44,14 @@ struct Disk {
 TEST_CASE_FIXTURE(Disk, "a program's icon is extracted once and shown wherever its file name stands") {
     CHECK(icons.Add("CHESS.exe") == 1);
     CHECK(icons.Add("none.exe") == 2);
-    CHECK(icons.Add("..\\..\\x") == 3);
+    // Never one from another folder.
+    sim::putFile(kBase + "stray.bmp", *sim::file(kGameIcon));
+    CHECK(icons.Add("..\\stray") == 3);
+    CHECK(SamePixels(icons.At(icons.Add("..\\x/C:chess.exe")), IconOf(kGame)));
     CHECK(SamePixels(icons.At(1), IconOf(kGame)));
     // Whatever else the index, it is the default icon.
     const auto fallback = platform::pictureFromIcon(platform::loadIconResource(2, 16).raw(), 16);
-    for (const int index : {2, 3, 0, -1, 4, 32767}) CHECK(SamePixels(icons.At(index), fallback));
+    for (const int index : {2, 3, 0, -1, 5, 32767}) CHECK(SamePixels(icons.At(index), fallback));
     // What is kept is not made again, unless it is damaged.
     const std::string kept = *sim::file(kGameIcon);
     sim::putFile("D:\\Other\\Chess.exe", "");
@@ -79,11 +83,36 @@ TEST_CASE_FIXTURE(Disk, "a long strip never holds many pictures") {
     CHECK(SamePixels(icons.At(1), IconOf(kGame)));
 }
 
-TEST_CASE_FIXTURE(Disk, "cleaning up deletes the bitmaps nobody needs, and nothing else") {
-    const char* const needed[] = {"chess.exe.bmp", "GO.EXE.bmp", "notes.txt", "Filters\\f.exe.bmp"};
-    for (const char* name : needed) sim::putFile(kCache + name, "");
-    sim::putFile(kCache + "gone.exe.bmp", "");
-    icons.CleanUp([](const std::string& name) { return name == "chess.exe" || name == "go.exe"; });
-    CHECK_FALSE(sim::file(kCache + "gone.exe.bmp"));
-    for (const char* name : needed) CHECK(platform::fileExists(kCache + name));
+TEST_CASE_FIXTURE(Disk, "cleaning up deletes icons that nobody needs, and nobody else's pictures") {
+    const std::string icon = *sim::file(kGameIcon);
+    const auto picture = [](int width, int height) {
+        return storage::EncodeBitmap({width, height}, std::vector<std::uint32_t>(256, 7));
+    };
+    std::string opaque = picture(16, 16);
+    opaque[28] = 24;  // bits a pixel
+    const std::pair<const char*, std::string> kept[] = {
+        {"chess.exe.bmp", icon},
+        {"GO.EXE.bmp", icon},
+        {"notes.txt", icon},
+        {"Filters\\f.exe.bmp", icon},
+        {"holiday.bmp", picture(32, 8)},
+        {"painted.bmp", opaque},
+        {"damaged.bmp", icon.substr(1)},
+    };
+    for (const auto& [name, content] : kept) sim::putFile(kCache + name, content);
+    const auto cleanUp = [](const IconCache& cache) {
+        cache.CleanUp([](const std::string& key) { return key == "chess.exe" || key == "go.exe"; });
+    };
+    sim::putFile(kCache + "gone.exe.bmp", icon);
+    SUBCASE("of the folder itself") {
+        cleanUp(icons);
+        CHECK_FALSE(sim::file(kCache + "gone.exe.bmp"));
+    }
+    SUBCASE("but not through a link, below it neither") {
+        sim::setLink(kCache);
+        cleanUp(icons);
+        cleanUp({kBase, storage::kFilterFolder, 2});
+        CHECK(sim::file(kCache + "gone.exe.bmp"));
+    }
+    for (const auto& [name, content] : kept) CHECK(platform::fileExists(kCache + name));
 }
