@@ -56,6 +56,8 @@ public:
     };
     // Brings the program up, in its window or in the notification area. (StartUp.cpp)
     StartResult Start();
+    // Runs until the program has ended, by whatever way, and gives its exit code. (ShutDown.cpp)
+    int Run();
     // Starts the program anew, for settings that count only from the start, and ends this one. (ShutDown.cpp)
     void Restart();
 

@@ -87,6 +87,13 @@ void Form1::Save() {
     if (saveOnExit_) SaveSettings();
 }
 
+// The quit message may come from another program, or no more messages: then nothing has been saved yet.
+int Form1::Run() {
+    const int code = platform::runMessageLoop();
+    Unload();
+    return code;
+}
+
 // Ends the program, once.
 void Form1::Unload() {
     if (!started_) return;

@@ -6,7 +6,7 @@ int main() {
     app::Form1 form;
     switch (form.Start()) {
         case app::Form1::StartResult::Running:
-            return platform::runMessageLoop();
+            return form.Run();
         case app::Form1::StartResult::Duplicate:
             return 0;
         case app::Form1::StartResult::Failed:

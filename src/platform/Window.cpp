@@ -1,7 +1,24 @@
 // The part of windows that is the same on every platform.
 #include "platform/Window.h"
 
+#include "platform/MessageLoop.h"
+
 namespace platform {
+
+int runMessageLoop() {
+    return dispatchWhile([] { return true; }).value_or(0);
+}
+
+std::optional<int> dispatchWhile(const std::function<bool()>& goOn) {
+    constexpr int kMostFailures = 1000;
+    for (int failures = 0; goOn();) {
+        const NextMessage next = dispatchNext();
+        if (next.kind == NextMessage::Kind::Quit) return next.quitCode;
+        failures = next.kind == NextMessage::Kind::Failed ? failures + 1 : 0;
+        if (failures == kMostFailures) return 1;
+    }
+    return std::nullopt;
+}
 
 bool Window::createChild(Window& parent, const std::string& className, const std::string& instanceName,
                          const Rect& bounds, TabStop tabStop) {

@@ -372,3 +372,13 @@ TEST_CASE_FIXTURE(Fresh, "screens are found by rectangle") {
     CHECK_FALSE(onAnyScreen({screen.width, 0, screen.width + 10, 10}));
     CHECK_FALSE(onAnyScreen({10, 10, 10, 10}));
 }
+
+TEST_CASE_FIXTURE(Desk, "the message loop ends when the program is told to quit, also while a dialog is open") {
+    Probe dialog("dialog", log, asDialogOf(main));
+    contract::runModal(dialog, [&] {
+        postQuit(7);
+        pumpMessages();  // leaves it to the loop
+    });
+    CHECK(dialog.exists());
+    CHECK(runMessageLoop() == 7);
+}

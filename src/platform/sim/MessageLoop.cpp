@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "platform/MessageLoop.h"
 #include "platform/Window.h"
 #include "platform/sim/SimDesktop.h"
 #include "platform/sim/SimMachine.h"
@@ -44,9 +45,18 @@ std::int64_t distance(const Rect& a, const Rect& b) {
 
 }  // namespace
 
-int runMessageLoop() {
+// When nothing is left that could come, the loop ends with -1: on this machine nobody else would ever wake it.
+NextMessage dispatchNext() {
+    auto& desktop = machine().desktop;
+    if (desktop.failingMessages > 0) {
+        --desktop.failingMessages;
+        return {NextMessage::Kind::Failed};
+    }
+    if (const auto code = std::exchange(desktop.foreignQuit, std::nullopt)) {
+        return {NextMessage::Kind::Quit, *code};
+    }
     sim::run(0);
-    return machine().desktop.quitCode;
+    return {NextMessage::Kind::Quit, desktop.quitCode};
 }
 
 void postQuit(int code) {
@@ -123,6 +133,14 @@ void setScreens(std::vector<Rect> screens) {
 
 void whenModal(std::function<void(Window& dialog)> script) {
     machine().desktop.modalScripts.push_back(std::move(script));
+}
+
+void failMessages(int count) {
+    machine().desktop.failingMessages = count;
+}
+
+void quitFromOutside(int code) {
+    machine().desktop.foreignQuit = code;
 }
 
 void startAgain() {

@@ -217,7 +217,9 @@ void clearLog();
 // Clears the log and forgets all else that was recorded, and answers for menus and dialogs that never came, with
 // which a run of days would fill the memory.
 void forget();
-int quitCode();  // of postQuit; -1 when it was not called
+int quitCode();                  // of postQuit; -1 when it was not called
+void failMessages(int count);    // so many messages in a row cannot be got, then others come again
+void quitFromOutside(int code);  // the next message that is got tells the program to quit, though nobody here did
 // The program is started once more: that the one before was told to quit counts no longer.
 void startAgain();
 

@@ -212,6 +212,8 @@ struct Desktop {
     std::vector<std::uintptr_t> modals;
     int busy = 0;
     int quitCode = -1;
+    int failingMessages = 0;
+    std::optional<int> foreignQuit;
     std::uint64_t drawCount = 0;
     std::deque<std::function<void(Window&)>> modalScripts;
     std::deque<std::optional<std::string>> fileAnswers;

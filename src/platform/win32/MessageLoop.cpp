@@ -1,5 +1,6 @@
 // The message loop, modal dialogs, and where the wheel goes. Messages are taken as Unicode, for the sake of what is
 // typed into text boxes; windows that do not speak it are sent theirs in the code page.
+#include "platform/MessageLoop.h"
 #include "platform/Window.h"
 #include "platform/win32/Modal.h"
 #include "platform/win32/Win32.h"
@@ -42,10 +43,13 @@ void raise(HWND window) {
     SetWindowPos(target, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_ASYNCWINDOWPOS);
 }
 
-int runMessageLoop() {
+NextMessage dispatchNext() {
     MSG message{};
-    while (GetMessageW(&message, nullptr, 0, 0) > 0) dispatch(message);
-    return static_cast<int>(message.wParam);
+    const BOOL got = GetMessageW(&message, nullptr, 0, 0);
+    if (got < 0) return {NextMessage::Kind::Failed};
+    if (got == 0) return {NextMessage::Kind::Quit, static_cast<int>(message.wParam)};
+    dispatch(message);
+    return {NextMessage::Kind::Dispatched};
 }
 
 void postQuit(int code) {
@@ -69,15 +73,8 @@ void runModal(Window& dialog) {
     beginModal(dialog);
     dialog.show(ShowCommand::Show);
     // Asked by handle: a dialog's object may be gone when its window is.
-    MSG message{};
-    while (IsWindow(hwnd) && IsWindowVisible(hwnd)) {
-        const BOOL got = GetMessageW(&message, nullptr, 0, 0);
-        if (got <= 0) {
-            if (got == 0) PostQuitMessage(static_cast<int>(message.wParam));
-            break;
-        }
-        dispatch(message);
-    }
+    const auto quit = dispatchWhile([hwnd] { return IsWindow(hwnd) && IsWindowVisible(hwnd); });
+    if (quit) PostQuitMessage(*quit);  // for the loop that waits for it
     endModal(hwnd);
 }
 

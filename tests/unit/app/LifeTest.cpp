@@ -42,11 +42,22 @@ TEST_CASE_FIXTURE(Machine, "The way up and the way down keep their order") {
     SUBCASE("by the end of the session") {
         sim::endSession();
     }
+    SUBCASE("by a quit message of another program") {
+        sim::failMessages(999);  // which are no end yet
+        sim::quitFromOutside(0);
+        CHECK(form->Run() == 0);
+    }
+    SUBCASE("by messages that cannot be got for good") {
+        sim::failMessages(1000);
+        sim::quitFromOutside(0);
+        CHECK(form->Run() == 1);
+    }
     SUBCASE("by a restart") {
         form->Restart();
         CheckOrder({"storeWrite Splitter=", "show Kestrum 2 Hide", "releaseMutex KestrumMutex",
                     "closeMutex KestrumMutex", "openDocument C:\\Kestrum\\Kestrum2.exe", "trayDelete 1"});
         CHECK(sim::openedDocuments() == std::vector<std::string>{"C:\\Kestrum\\Kestrum2.exe"});
+        form->Run();
     }
     CheckOrder({"destroyTooltip", "storeWrite Form1_Pos=", "storeWrite Splitter=", "trayDelete 1", "destroyIcon",
                 "destroyWindow Kestrum 2", "postQuit 0"});
