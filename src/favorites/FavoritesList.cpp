@@ -267,7 +267,7 @@ void FavoritesList::PutRow(int row, const Favorite& favorite) {
 
 void FavoritesList::AddRow(const Favorite& favorite) {
     list_.AddItem(favorite.name + '\t' + favorite.affinity + '\t' + favorite.priority + '\t' + favorite.path +
-                  '\t' + favorite.param + '\t' + text::Decimal(icons_.Add(favorite.name)));
+                  '\t' + favorite.param + '\t' + text::Decimal(icons_.Add(favorite.name, favorite.path)));
 }
 
 // Deletes the icons that no profile needs any more.

@@ -32,9 +32,9 @@ bool IsKeptIcon(const std::string& path) {
     return bitmap && bitmap->size == kSize && bitmap->bitsPerPixel == 32;
 }
 
-bool SavePicture(const std::string& path, const platform::PictureHandle& picture) {
+void SavePicture(const std::string& path, const platform::PictureHandle& picture) {
     const std::vector<std::uint32_t> pixels = platform::picturePixels(picture);
-    return !pixels.empty() && WriteInPlaceOf(path, EncodeBitmap(platform::pictureSize(picture), pixels));
+    if (!pixels.empty()) WriteInPlaceOf(path, EncodeBitmap(platform::pictureSize(picture), pixels));
 }
 
 bool Usable(const platform::PictureHandle& picture) {
@@ -55,8 +55,8 @@ void IconCache::Release() {
     loaded_.clear();
 }
 
-int IconCache::Add(std::string_view fileName) {
-    strip_.push_back(KeyOf(fileName));
+int IconCache::Add(std::string_view fileName, std::string programPath) {
+    strip_.push_back({KeyOf(fileName), std::move(programPath)});
     return static_cast<int>(strip_.size());
 }
 
@@ -68,23 +68,40 @@ const platform::PictureHandle& IconCache::At(int index) {
     if (index < 1 || static_cast<std::size_t>(index) > strip_.size()) return default_;
     // Pictures are read when they are first drawn: a long list starts as fast as a short one, and never
     // holds more pictures than a few screens of rows need.
-    const std::string& key = strip_[static_cast<std::size_t>(index) - 1];
-    auto entry = loaded_.find(key);
-    if (entry == loaded_.end()) {
+    const Entry& entry = strip_[static_cast<std::size_t>(index) - 1];
+    auto found = loaded_.find(entry.key);
+    if (found == loaded_.end()) {
         if (loaded_.size() >= kMostPictures) loaded_.clear();
-        entry = loaded_.emplace(key, LoadPicture(FileOf(key))).first;
+        found = loaded_.emplace(entry.key, Load(entry)).first;
     }
-    return Usable(entry->second) ? entry->second : default_;
+    return Usable(found->second) ? found->second : default_;
+}
+
+platform::PictureHandle IconCache::Load(const Entry& entry) {
+    const std::string file = FileOf(entry.key);
+    platform::PictureHandle kept = LoadPicture(file);
+    // A file that is there, but no icon, may be somebody else's: it is written over only for the user.
+    if (kept || entry.programPath.empty() || iconless_.contains(entry.key) || !platform::fileMissing(file)) {
+        return kept;
+    }
+    platform::PictureHandle made = Extract(entry);
+    if (!made) iconless_.insert(entry.key);
+    return made;
+}
+
+// Shown even where it cannot be kept.
+platform::PictureHandle IconCache::Extract(const Entry& entry) const {
+    const platform::IconHandle icon = platform::extractIcon(entry.programPath, kIconSize);
+    if (!icon) return {};
+    platform::PictureHandle picture = platform::pictureFromIcon(icon.raw(), kIconSize);
+    SavePicture(FileOf(entry.key), picture);
+    return picture;
 }
 
 void IconCache::Make(const std::string& programPath) {
-    const std::string key = KeyOf(programPath);
-    const std::string file = FileOf(key);
+    const Entry entry{KeyOf(programPath), programPath};
     // A bitmap that is damaged, or not one of ours, counts as none.
-    if (Usable(LoadPicture(file))) return;
-    const platform::IconHandle icon = platform::extractIcon(programPath, kIconSize);
-    if (!icon) return;
-    if (SavePicture(file, platform::pictureFromIcon(icon.raw(), kIconSize))) loaded_.erase(key);
+    if (!Usable(LoadPicture(FileOf(entry.key))) && Extract(entry)) loaded_.erase(entry.key);
 }
 
 void IconCache::CleanUp(const std::function<bool(const std::string&)>& needed) const {

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,8 +27,9 @@ public:
 
     // Empties the strip, and forgets the pictures read so far.
     void Release();
-    // Appends the icon kept for a file name to the strip; its index there, from 1 on.
-    int Add(std::string_view fileName);
+    // Appends the icon kept for a file name to the strip; its index there, from 1 on. If none is kept, it is made
+    // from `programPath`, unless that is empty, when it is first asked for.
+    int Add(std::string_view fileName, std::string programPath = {});
     // The 16 x 16 icon at an index of the strip; the default icon when none is kept for it or there is no such
     // index. Empty only when the program has lost its own resources. Valid until the next call.
     const platform::PictureHandle& At(int index);
@@ -39,14 +41,21 @@ public:
     void CleanUp(const std::function<bool(const std::string& key)>& needed) const;
 
 private:
+    struct Entry {
+        std::string key;
+        std::string programPath;
+    };
     std::string FileOf(const std::string& key) const;
+    platform::PictureHandle Load(const Entry& entry);
+    platform::PictureHandle Extract(const Entry& entry) const;
     bool ReachedByLink() const;
 
     std::string baseFolder_;
     std::string folder_;  // below it
     int defaultIcon_;
-    std::vector<std::string> strip_;                         // keys; index 0 is strip index 1
+    std::vector<Entry> strip_;                               // index 0 is strip index 1
     std::map<std::string, platform::PictureHandle> loaded_;  // an empty one: nothing kept for this key
+    std::set<std::string> iconless_;                         // keys whose program gave no icon: asked once
     platform::PictureHandle default_;
 };
 

@@ -80,6 +80,7 @@ void PictureTag::close(std::uintptr_t raw) noexcept {
 }
 
 IconHandle extractIcon(const std::string& path, int size) {
+    sim::note("extractIcon", path);
     if ((size != 16 && size != 32) || !isProgram(path) || !readFile(path, kAnySize)) return {};
     return openIcon(path, size);
 }

@@ -49,6 +49,8 @@ TEST_CASE_FIXTURE(Bench, "loading shows the profile in the file's order and leav
     for (const std::string& entry : sim::log()) CHECK(entry.find("writeNewFile") == std::string::npos);
     CHECK(favs.Save());
     CHECK(Saved() == kHeader + lines);
+    sim::paint(list, true);
+    CHECK(sim::file(kBase + "Cache\\b.exe.bmp"));  // its own icon, though it was not added here
 }
 
 TEST_CASE_FIXTURE(Bench, "programs that are gone leave the profile with one balloon, and their icons go too") {

@@ -3,6 +3,8 @@
 
 #include <doctest/doctest.h>
 
+#include <algorithm>
+
 #include "platform/Files.h"
 #include "platform/sim/Sim.h"
 #include "storage/BitmapFile.h"
@@ -70,6 +72,36 @@ TEST_CASE_FIXTURE(Disk, "a program's icon is extracted once and shown wherever i
     icons.Make("C:\\Games\\Go.exe");
     sim::setDiskSpace(std::nullopt);
     CHECK(SamePixels(icons.At(icons.Add("Go.exe")), fallback));
+}
+
+TEST_CASE_FIXTURE(Disk, "an icon that is not kept is made when it is shown, of a program that has one") {
+    const auto extracted = [] {
+        const auto log = sim::log();
+        return std::count_if(log.begin(), log.end(), [](const auto& e) { return e.starts_with("extractIcon"); });
+    };
+    sim::putFile("C:\\Games\\Go.exe", "");
+    sim::putFile("C:\\Games\\bare.txt", "");
+    sim::putFile(kCache + "theirs.bmp", "something else");
+    const auto fallback = platform::pictureFromIcon(platform::loadIconResource(2, 16).raw(), 16);
+    const auto show = [&](const std::string& kept) {
+        icons.Release();
+        sim::clearLog();
+        CHECK(SamePixels(icons.At(icons.Add("My Go", "C:\\Games\\Go.exe")), IconOf("C:\\Games\\Go.exe")));
+        CHECK(SamePixels(icons.At(icons.Add("bare.txt", "C:\\Games\\bare.txt")), fallback));
+        CHECK(SamePixels(icons.At(icons.Add("Theirs", kGame)), fallback));
+        CHECK(sim::file(kCache + "my go.bmp").has_value() == (kept == "kept"));
+        return extracted() - 1;  // one of them by this test
+    };
+    SUBCASE("once, and kept") {
+        CHECK(show("kept") == 2);
+        CHECK(show("kept") == 0);
+        CHECK(sim::file(kCache + "theirs.bmp") == "something else");
+    }
+    SUBCASE("also where it cannot be kept") {
+        sim::setReadOnlyFolder(kCache, true);
+        CHECK(show("not kept") == 2);
+        CHECK(show("not kept") == 1);
+    }
 }
 
 TEST_CASE_FIXTURE(Disk, "a long strip never holds many pictures") {
