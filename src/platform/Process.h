@@ -29,6 +29,7 @@ struct ProcessTimes {
     std::uint64_t creation = 0;
     std::uint64_t kernel = 0;
     std::uint64_t user = 0;
+    std::int64_t counter = 0;  // performanceCounter of the moment they are of
 };
 
 // The id of this process. GetCurrentProcessId.
@@ -61,7 +62,7 @@ std::optional<std::uint64_t> workingSetBytes(const ProcessHandle& process);
 // needs 0x410. GetModuleFileNameExA.
 std::optional<std::string> moduleFileName(const ProcessHandle& process);
 
-// Needs 0x400. GetProcessTimes.
+// Needs 0x400. They may be up to a second old, as their counter tells. GetProcessTimes, QueryPerformanceCounter.
 std::optional<ProcessTimes> processTimes(const ProcessHandle& process);
 
 // Opens the access token of a process. OpenProcessToken.

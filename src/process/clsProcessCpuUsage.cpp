@@ -23,8 +23,9 @@ void clsProcessCpuUsage::SetPID(platform::ProcessId pid) {
 void clsProcessCpuUsage::Reset() {
     processorCount_ = highestCpu_ + 1;
     frequency_ = platform::performanceFrequency();
+    counter_ = platform::performanceCounter();
     ReadTimes();
-    previousCounter_ = platform::performanceCounter();
+    previousCounter_ = counter_;
     previousKernelTime_ = kernelTime_;
     previousUserTime_ = userTime_;
 }
@@ -35,19 +36,19 @@ void clsProcessCpuUsage::ReadTimes() {
     if (const auto times = platform::processTimes(process)) {
         kernelTime_ = times->kernel;
         userTime_ = times->user;
+        counter_ = times->counter;
     }
 }
 
 double clsProcessCpuUsage::GetCpuUsage() {
     ReadTimes();
-    const std::int64_t counter = platform::performanceCounter();
     const auto ticks = static_cast<std::int32_t>(LowDifference(userTime_, previousUserTime_) +
                                                  LowDifference(kernelTime_, previousKernelTime_));
-    const std::int64_t elapsed = counter - previousCounter_;
+    // The times bring the moment they are of, which may lie some time back: now would be the wrong one.
+    const std::int64_t elapsed = counter_ - previousCounter_;
     // Without a clock nothing can be told; what was used stays for the next reading.
     if (frequency_ == 0 || elapsed == 0) return 0;
-    // The reading itself takes time too: the next interval begins behind it.
-    previousCounter_ = platform::performanceCounter();
+    previousCounter_ = counter_;
     previousKernelTime_ = kernelTime_;
     previousUserTime_ = userTime_;
 

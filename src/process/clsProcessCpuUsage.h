@@ -32,6 +32,7 @@ private:
     std::uint64_t previousKernelTime_ = 0;
     std::uint64_t previousUserTime_ = 0;
     std::int64_t frequency_ = 0;  // counter ticks per second
+    std::int64_t counter_ = 0;    // of the times as last read
     std::int64_t previousCounter_ = 0;
 };
 

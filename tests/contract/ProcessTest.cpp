@@ -26,10 +26,13 @@ struct Watched : Fresh {
 
 // Processor time used so far, in 100-ns units, read after a fresh enumeration as the program does it.
 std::uint64_t processorTime(const ProcessHandle& process) {
+    const std::int64_t before = performanceCounter();
     std::vector<ProcessId> ids;
     enumerateProcesses(ids);
     const auto times = processTimes(process);
     REQUIRE(times);
+    CHECK(times->counter >= before);
+    CHECK(times->counter <= performanceCounter());
     return times->kernel + times->user;
 }
 

@@ -2,6 +2,8 @@
 // was opened with the right the operation needs.
 #include "platform/Process.h"
 
+#include <cmath>
+
 #include "platform/sim/SimMachine.h"
 
 namespace platform {
@@ -121,7 +123,9 @@ std::optional<std::string> moduleFileName(const ProcessHandle& process) {
 std::optional<ProcessTimes> processTimes(const ProcessHandle& process) {
     const sim::Process* found = running(process, kQueryInformation);
     if (found == nullptr) return std::nullopt;
-    return ProcessTimes{found->creation, found->kernel, found->user};
+    const auto used = static_cast<std::uint64_t>(std::llround(found->timesAge * 10'000.0 * found->load));
+    const std::int64_t passed = found->timesAge * performanceFrequency() / 1000;
+    return ProcessTimes{found->creation, found->kernel, found->user - used, performanceCounter() - passed};
 }
 
 TokenHandle openProcessToken(const ProcessHandle& process, std::uint32_t access) {

@@ -36,6 +36,7 @@ struct Process {
     std::uint64_t workingSet = 1 << 20;  // bytes
     std::uint32_t deniedRights = 0;      // opening with any of these bits fails
     double load = 0;                     // processors used while the clock advances (1.0 = one whole processor)
+    std::uint32_t timesAge = 0;          // milliseconds by which processTimes is behind, as it may be under Wine
     bool vanishAfterListing = false;     // ends as soon as it has been enumerated once
 };
 ProcessId addProcess(Process process);  // its image file is created too

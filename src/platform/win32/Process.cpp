@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/Machine.h"
 #include "platform/win32/SystemLibrary.h"
 #include "platform/win32/WineProcesses.h"
 
@@ -127,7 +128,7 @@ std::optional<ProcessTimes> processTimes(const ProcessHandle& process) {
     FILETIME kernel;
     FILETIME user;
     if (GetProcessTimes(handleOf(process), &creation, &exit, &kernel, &user) == 0) return std::nullopt;
-    return ProcessTimes{toNumber(creation), toNumber(kernel), toNumber(user)};
+    return ProcessTimes{toNumber(creation), toNumber(kernel), toNumber(user), performanceCounter()};
 }
 
 TokenHandle openProcessToken(const ProcessHandle& process, std::uint32_t access) {

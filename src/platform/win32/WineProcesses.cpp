@@ -1,6 +1,9 @@
 #include "platform/win32/WineProcesses.h"
 
+#include <algorithm>
 #include <cstddef>
+
+#include "platform/Machine.h"
 
 namespace platform::wine {
 
@@ -11,6 +14,7 @@ using QuerySystemInformation = LONG(WINAPI*)(ULONG, void*, ULONG, ULONG*);
 constexpr ULONG kProcessInformation = 5;
 constexpr LONG kInfoLengthMismatch = static_cast<LONG>(0xC0000004u);
 constexpr DWORD kFreshMilliseconds = 200;
+constexpr DWORD kMostFreshMilliseconds = 1000;
 constexpr ProcessId kIdleProcess = 0;
 constexpr ProcessId kSystemProcess = 4;
 
@@ -37,6 +41,7 @@ public:
         static const auto query = systemFunction<QuerySystemInformation>("ntdll.dll", "NtQuerySystemInformation");
         rows_.clear();
         if (query == nullptr) return false;
+        const DWORD began = GetTickCount();
         ULONG used = 0;
         LONG status = query(kProcessInformation, buffer_.data(), bufferBytes(), &used);
         while (status == kInfoLengthMismatch && bufferBytes() < kMaxBufferBytes) {
@@ -44,12 +49,16 @@ public:
             status = query(kProcessInformation, buffer_.data(), bufferBytes(), &used);
         }
         if (status < 0) return false;
+        counter_ = performanceCounter();
         readAt_ = GetTickCount();
+        // Among thousands of processes a pass over all of them takes longer than that, and so does reading the
+        // table.
+        fresh_ = std::clamp(4 * (readAt_ - began), kFreshMilliseconds, kMostFreshMilliseconds);
         decode();
         return true;
     }
 
-    bool fresh() const { return !rows_.empty() && GetTickCount() - readAt_ < kFreshMilliseconds; }
+    bool fresh() const { return !rows_.empty() && GetTickCount() - readAt_ < fresh_; }
 
     // Wine has no idle and no system process; without them the first two real ones would be taken for them.
     void listIds(std::vector<ProcessId>& ids) const {
@@ -86,7 +95,7 @@ private:
             rows_.push_back(
                 {static_cast<ProcessId>(record->id),
                  {static_cast<std::uint64_t>(record->creation), static_cast<std::uint64_t>(record->kernel),
-                  static_cast<std::uint64_t>(record->user)}});
+                  static_cast<std::uint64_t>(record->user), counter_}});
             if (record->nextOffset == 0) break;
             offset += record->nextOffset;
         }
@@ -96,6 +105,8 @@ private:
     std::vector<Row> rows_;
     std::size_t next_ = 0;
     DWORD readAt_ = 0;
+    DWORD fresh_ = kFreshMilliseconds;  // so long after that
+    std::int64_t counter_ = 0;
 };
 
 // One table for the process, as there is one system below it; used on the user-interface thread only.

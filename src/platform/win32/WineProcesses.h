@@ -20,7 +20,8 @@ ProcessId processId(HANDLE process);
 // reads the very same table, so this costs no more. False when the system refuses. NtQuerySystemInformation.
 bool enumerateProcesses(std::vector<ProcessId>& ids);
 
-// Times of a process from the table, read anew unless it is quite fresh (an enumeration was just made).
+// Times of a process from the table, with the counter of its reading. The table is read anew unless it is quite
+// fresh: an enumeration was just made, or others are asked for their times in turn.
 std::optional<ProcessTimes> processTimes(ProcessId id);
 
 }  // namespace platform::wine

@@ -57,6 +57,14 @@ TEST_CASE("A meter bears what it cannot read") {
         sim::endProcess(id);
         CHECK(readingAfter(500) == 0);
     }
+    SUBCASE("times that are behind are taken for what they are") {
+        meter.SetPID(id);
+        for (const std::uint32_t age : {190U, 0U, 30U, 200U, 120U}) {
+            sim::findProcess(id)->timesAge = age;
+            sim::findProcess(id)->load = 0.5;
+            CHECK(readingAfter(600) == doctest::Approx(50));
+        }
+    }
     SUBCASE("times that went back read below 0, those beyond 32 bits keep counting") {
         sim::findProcess(id)->user = 20'000'000;
         sim::findProcess(id)->kernel = 0xFFFFFFF0;
