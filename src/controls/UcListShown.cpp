@@ -83,7 +83,7 @@ void UcListShown::Describe(const UcListView& view, int slot, Row& row) {
     state.Add(displayRow < layout.listCount);
     if (displayRow < layout.listCount) {
         state.Add(view.model.Selected(displayRow));
-        state.Add(view.look.focusRow == displayRow);
+        state.Add(view.look.focused && view.look.focusRow == displayRow);
         for (int i = 0; i < view.model.ColumnCount(); ++i) {
             const std::string_view text = view.model.CellText(displayRow, i);
             if (i < layout.drawnColumns) {

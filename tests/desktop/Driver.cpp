@@ -309,12 +309,14 @@ void Click(HWND window, Point at) {
     SendMouse(MOUSEEVENTF_LEFTUP);
 }
 
-void ClickScreen(Point at, MouseKey key) {
+void ClickScreen(Point at, MouseKey key, bool withCtrl) {
     static constexpr DWORD kDown[] = {MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_RIGHTDOWN, MOUSEEVENTF_MIDDLEDOWN};
     static constexpr DWORD kUp[] = {MOUSEEVENTF_LEFTUP, MOUSEEVENTF_RIGHTUP, MOUSEEVENTF_MIDDLEUP};
     MovePointer(at);
+    if (withCtrl) SendKey(VK_CONTROL, false);
     SendMouse(kDown[static_cast<int>(key)]);
     SendMouse(kUp[static_cast<int>(key)]);
+    if (withCtrl) SendKey(VK_CONTROL, true);
 }
 
 bool Drag(HWND window, const std::function<Point()>& grip, Point end, const std::function<bool()>& arrived) {

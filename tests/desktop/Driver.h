@@ -94,7 +94,8 @@ Point ToScreen(HWND window, Point at);
 // a double click, as for a user.
 void Click(HWND window, Point at);
 enum class MouseKey { Left, Right, Middle };
-void ClickScreen(Point at, MouseKey key);
+// Ctrl is held for the click alone: when the pointer moves Wine asks the real keyboard, which has it up.
+void ClickScreen(Point at, MouseKey key, bool withCtrl = false);
 // Drags what `window` shows at `grip` to `end` (screen pixels), again from where it is then until it has arrived.
 bool Drag(HWND window, const std::function<Point()>& grip, Point end, const std::function<bool()>& arrived);
 // Makes a click, with the pointer out of the way afterwards, and again until the condition holds. The clicks are

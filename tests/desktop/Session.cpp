@@ -74,8 +74,9 @@ controls::UcListLayout List::Layout() const {
     return layout;
 }
 
+// Inside the frame of a list that has the focus.
 Rect List::Row(int slot) const {
-    const Rect row = Layout().RowRect(slot);
+    const Rect row = Layout().RowRect(slot).inset(1, 1);
     return {row.left, row.top, row.left + 100, row.bottom};
 }
 
@@ -109,20 +110,17 @@ bool List::ClickRow(int slot) const {
 }
 
 bool List::SelectFirstTwo() const {
-    if (!ClickRow(0)) return false;
-    HoldKey(VK_CONTROL, true);
-    const bool selected = Repeat(
+    return Repeat(
         [&](int aside) {
-            if (!Selected(1)) ClickRowWith(MouseKey::Left, 1, aside);
+            ClickRowWith(MouseKey::Left, 0, aside);
+            ClickRowWith(MouseKey::Left, 1, aside, true);
         },
         [&] { return Selected(0) && Selected(1); });
-    HoldKey(VK_CONTROL, false);
-    return selected;
 }
 
-void List::ClickRowWith(MouseKey key, int slot, int aside) const {
+void List::ClickRowWith(MouseKey key, int slot, int aside, bool withCtrl) const {
     const Rect row = Row(slot);
-    ClickScreen(ToScreen(window_, {row.left + 40 + aside, row.top + 8}), key);
+    ClickScreen(ToScreen(window_, {row.left + 40 + aside, row.top + 8}), key, withCtrl);
 }
 
 std::vector<Picture> List::Rows(int width) const {

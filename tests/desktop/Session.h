@@ -62,7 +62,7 @@ public:
     // Makes the first two rows the selected ones.
     bool SelectFirstTwo() const;
     // One click into the row, so many pixels beside its name.
-    void ClickRowWith(MouseKey key, int slot, int aside) const;
+    void ClickRowWith(MouseKey key, int slot, int aside, bool withCtrl = false) const;
     void ClickHeader(int x) const { Click(window_, {x, 10}); }
 
 private:
