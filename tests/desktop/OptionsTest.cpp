@@ -229,7 +229,7 @@ TEST_CASE("options: each changed with keys and with the mouse is in the registry
 
     CHECK(dialog.ClickAt(Option::CmdExit, 0, [&] { return !IsWindow(dialog.Window()); }));
     const std::string level = ReadSetting("TransLevel").value_or("");
-    CHECK((level == "0" || level == "1"));
+    CHECK((level == "20" || level == "21"));
 
     dialog = OptionsDialog(session);
     REQUIRE(dialog.Window() != nullptr);
