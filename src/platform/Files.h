@@ -33,7 +33,8 @@ bool fileMissing(const std::string& path);
 std::vector<std::string> listFiles(const std::string& folder, const std::string& pattern);
 // Creates a folder with its missing parents; true when it exists afterwards. SHCreateDirectoryExA.
 bool createFolders(const std::string& path);
-// The path with its long names in their true case; nullopt when it does not resolve. GetLongPathNameA.
+// The path with its long names in their true case; nullopt when it does not resolve, or does to
+// 1024 UTF-16 units or more. GetLongPathNameW.
 std::optional<std::string> longPathName(const std::string& path);
 
 // What tells one state of a file from another.

@@ -58,8 +58,8 @@ bool terminateProcess(const ProcessHandle& process, std::uint32_t exitCode);
 // Working set in bytes; needs 0x410. GetProcessMemoryInfo.
 std::optional<std::uint64_t> workingSetBytes(const ProcessHandle& process);
 
-// Path of the main module, at most 260 characters, as the system writes it (it may start with "\??\");
-// needs 0x410. GetModuleFileNameExA.
+// Path of the main module as the system writes it (it may start with "\??\"); nullopt when it is longer than 260
+// UTF-16 units. Needs 0x410. GetModuleFileNameExW.
 std::optional<std::string> moduleFileName(const ProcessHandle& process);
 
 // Needs 0x400. They may be up to a second old, as their counter tells. GetProcessTimes, QueryPerformanceCounter.

@@ -52,7 +52,7 @@ public:
     std::string WorkingSetText(platform::ProcessId id) const;
 
     // Long path of the program file, empty when it cannot be read or no longer leads to a file: such a process
-    // is not shown. GetModuleFileNameExA, GetLongPathNameA.
+    // is not shown. GetModuleFileNameExW, GetLongPathNameW.
     std::string ImagePath(platform::ProcessId id) const;
 
 private:

@@ -51,6 +51,8 @@ enum class Load { Idle, Busy };
 class Victim {
 public:
     explicit Victim(Load load = Load::Idle);
+    // From a copy of its program file under this path.
+    explicit Victim(const std::string& path);
     ~Victim();
     Victim(const Victim&) = delete;
     Victim& operator=(const Victim&) = delete;
@@ -60,6 +62,8 @@ public:
     void end();  // as if it ended by itself; returns when it is gone
 
 private:
+    void start(Load load);
+
     platform::ProcessId id_ = 0;
     std::string path_;
     std::uintptr_t native_ = 0;

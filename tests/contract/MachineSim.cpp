@@ -49,6 +49,14 @@ void holdClosedMutex(const std::string& name) {
 }
 
 Victim::Victim(Load load) : path_("C:\\Scratch\\Victim.exe") {
+    start(load);
+}
+
+Victim::Victim(const std::string& path) : path_(path) {
+    start(Load::Idle);
+}
+
+void Victim::start(Load load) {
     sim::Process process;
     process.path = path_;
     process.load = load == Load::Busy ? 1.0 : 0.0;

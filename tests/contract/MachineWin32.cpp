@@ -19,6 +19,12 @@ namespace {
 
 const std::string kSectionKey = "Software\\" + kSection;
 
+std::string victimProgram() {
+    std::string path = platform::programPath();
+    path.replace(path.rfind('\\') + 1, path.npos, "Victim.exe");
+    return path;
+}
+
 HANDLE& sealingHandle() {
     static HANDLE handle = INVALID_HANDLE_VALUE;
     return handle;
@@ -117,8 +123,16 @@ void makeLink(const std::string& path, const std::string& target) {
     }
 }
 
-Victim::Victim(Load load) : path_(platform::programPath()) {
-    path_.replace(path_.rfind('\\') + 1, path_.npos, "Victim.exe");
+Victim::Victim(Load load) : path_(victimProgram()) {
+    start(load);
+}
+
+Victim::Victim(const std::string& path) : path_(path) {
+    if (CopyFileA(victimProgram().c_str(), path.c_str(), FALSE) == 0) std::abort();
+    start(Load::Idle);
+}
+
+void Victim::start(Load load) {
     STARTUPINFOA startup = {};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process = {};

@@ -6,6 +6,7 @@
 
 #include "contract/Machine.h"
 #include "platform/CodePage.h"
+#include "platform/Files.h"
 #include "platform/Machine.h"
 
 using namespace contract;
@@ -120,6 +121,23 @@ TEST_CASE_FIXTURE(Watched, "the image path and the working set of another proces
     const std::uint64_t workingSet = workingSetBytes(process).value_or(0);
     CHECK(workingSet >= 4096);
     CHECK(workingSet < std::uint64_t{1} << 30);
+}
+
+TEST_CASE_FIXTURE(Fresh, "paths are measured in characters, however many bytes these take") {
+    const auto letters = [](int count) {
+        std::string text;
+        for (int i = 0; i < count; ++i) text += "\xE3\x82\xAB";
+        return text;
+    };
+    const std::string folder = scratch + letters(45) + "\\";
+    REQUIRE(createFolders(folder));
+    const Victim victim(folder + letters(45) + ".exe");
+    const ProcessHandle process = openProcess(victim.id(), 0x410);
+    REQUIRE(waitFor([&] { return moduleFileName(process).has_value(); }));
+    const std::string tail = victim.path().substr(scratch.size());
+    REQUIRE(tail.size() > 260);
+    CHECK(moduleFileName(process).value_or("").ends_with(tail));
+    CHECK(longPathName(victim.path()).value_or("").ends_with(tail));
 }
 
 TEST_CASE_FIXTURE(Watched, "processor time belongs to the process that used it") {

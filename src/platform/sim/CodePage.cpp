@@ -1,6 +1,10 @@
 // The simulated machine's code page is UTF-8. Case is known for ASCII and the Latin-1 letters.
 #include "platform/CodePage.h"
 
+#include <algorithm>
+
+#include "platform/sim/SimMachine.h"
+
 namespace platform {
 
 namespace {
@@ -55,6 +59,18 @@ bool isValidText(std::string_view text) {
         text.remove_prefix(length);
     }
     return true;
+}
+
+std::string_view sim::firstUnits(std::string_view text, std::size_t units) {
+    std::size_t end = 0;
+    while (end < text.size()) {
+        const std::size_t bytes = characterLength(text.substr(end));
+        const std::size_t taken = bytes == 4 ? 2 : 1;  // characters of four bytes are pairs
+        if (taken > units) break;
+        units -= taken;
+        end += std::max<std::size_t>(bytes, 1);
+    }
+    return text.substr(0, end);
 }
 
 std::string lowerCase(std::string_view text) {

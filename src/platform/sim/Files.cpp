@@ -14,7 +14,7 @@ using sim::pathKey;
 
 namespace {
 
-constexpr std::size_t kMaxPath = 260;
+constexpr std::size_t kLongestPath = 259;  // and a NUL
 
 bool isDrive(std::string_view key) {
     return key.size() == 2;
@@ -228,7 +228,8 @@ std::uint64_t nextWrite(Machine& state) {
 }
 
 std::string pathKey(std::string_view path) {
-    if (path.size() < 3 || path.size() >= kMaxPath || path[1] != ':') return {};
+    if (path.size() < 3 || path[1] != ':') return {};
+    if (firstUnits(path, kLongestPath).size() < path.size()) return {};
     if (path[2] != '\\' && path[2] != '/') return {};
     for (std::size_t at = 0; at < path.size(); ++at) {
         const auto letter = static_cast<unsigned char>(path[at]);

@@ -18,6 +18,7 @@ constexpr std::uint32_t kSetInformation = 0x200;
 constexpr std::uint32_t kQueryInformation = 0x400;
 constexpr std::uint32_t kAdjustPrivileges = 0x20;
 constexpr std::uint64_t kDebugPrivilege = 20;
+constexpr std::size_t kLongestModule = 260;
 
 // The process behind a handle that has all of `rights`; nullptr when it ended or a right is missing.
 sim::Process* running(const ProcessHandle& handle, std::uint32_t rights) {
@@ -117,7 +118,8 @@ std::optional<std::uint64_t> workingSetBytes(const ProcessHandle& process) {
 std::optional<std::string> moduleFileName(const ProcessHandle& process) {
     const sim::Process* found = running(process, kQueryInformation | kReadMemory);
     if (found == nullptr || found->path.empty()) return std::nullopt;
-    return found->path.substr(0, 260);
+    if (sim::firstUnits(found->path, kLongestModule).size() < found->path.size()) return std::nullopt;
+    return found->path;
 }
 
 std::optional<ProcessTimes> processTimes(const ProcessHandle& process) {

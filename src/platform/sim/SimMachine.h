@@ -279,6 +279,9 @@ std::uint64_t fileTime(std::uint64_t milliseconds);
 // Moves the clock forward to `milliseconds`; processes with a load use processor time.
 void moveClock(std::uint64_t milliseconds);
 
+// The longest beginning of so many UTF-16 units, of which Windows counts its limits; no character is cut.
+std::string_view firstUnits(std::string_view text, std::size_t units);
+
 // Key of an absolute path in Disk::entries; empty when the path names nothing.
 std::string pathKey(std::string_view path);
 // When the next file is written: now, and later than the one before, so that any two states of a file differ.

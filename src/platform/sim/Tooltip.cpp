@@ -39,7 +39,7 @@ bool addTool(const TooltipHandle& tooltip, const Window& target, const std::stri
 }
 
 void setTooltipTitle(const TooltipHandle& tooltip, const std::string& title) {
-    if (sim::Tooltip* found = find(tooltip)) found->title = title.substr(0, kMostTitle).c_str();
+    if (sim::Tooltip* found = find(tooltip)) found->title = std::string(sim::firstUnits(title, kMostTitle)).c_str();
 }
 
 void setTooltipDelays(const TooltipHandle& tooltip, int autoPop, int initial) {

@@ -2,6 +2,7 @@
 
 #include "platform/Handle.h"
 #include "platform/win32/SystemLibrary.h"
+#include "platform/win32/WideText.h"
 #include "platform/win32/Win32.h"
 #include "platform/win32/WineProcesses.h"
 
@@ -169,10 +170,13 @@ bool createFolders(const std::string& path) {
 
 std::optional<std::string> longPathName(const std::string& path) {
     if (namesNothing(path)) return std::nullopt;
-    char longPath[1024];
-    const DWORD length = GetLongPathNameA(path.c_str(), longPath, sizeof longPath);
-    if (length == 0 || length >= sizeof longPath) return std::nullopt;
-    return std::string(longPath, length);
+    constexpr DWORD kRoom = 1024;
+    const std::wstring wide = wideText(path);
+    if (wide.size() >= kRoom) return std::nullopt;  // on which Wine would crash
+    wchar_t longPath[kRoom];
+    const DWORD length = GetLongPathNameW(wide.c_str(), longPath, kRoom);
+    if (length == 0 || length >= kRoom) return std::nullopt;
+    return narrowText({longPath, length});
 }
 
 std::optional<FileStamp> fileStamp(const std::string& path) {

@@ -4,6 +4,7 @@
 
 #include "platform/Machine.h"
 #include "platform/win32/SystemLibrary.h"
+#include "platform/win32/WideText.h"
 #include "platform/win32/WineProcesses.h"
 
 #define PSAPI_VERSION 1  // the names of XP
@@ -28,7 +29,7 @@ struct ProcessStatus {
     }
     decltype(&EnumProcesses) enumProcesses = find<decltype(EnumProcesses)>("EnumProcesses");
     decltype(&GetProcessMemoryInfo) memoryInfo = find<decltype(GetProcessMemoryInfo)>("GetProcessMemoryInfo");
-    decltype(&GetModuleFileNameExA) moduleFileName = find<decltype(GetModuleFileNameExA)>("GetModuleFileNameExA");
+    decltype(&GetModuleFileNameExW) moduleFileName = find<decltype(GetModuleFileNameExW)>("GetModuleFileNameExW");
 };
 
 const ProcessStatus& processStatus() {
@@ -110,10 +111,13 @@ std::optional<std::uint64_t> workingSetBytes(const ProcessHandle& process) {
 }
 
 std::optional<std::string> moduleFileName(const ProcessHandle& process) {
-    char path[260];
-    const DWORD length = processStatus().moduleFileName(handleOf(process), nullptr, path, sizeof path);
-    if (length == 0 || length > sizeof path) return std::nullopt;
-    return std::string(path, length);
+    // As wide characters: in UTF-8 a path within the limit may take three times as many bytes. One more than the
+    // limit tells a path of just that length from one that was cut.
+    constexpr DWORD kLongest = 260;
+    wchar_t path[kLongest + 1];
+    const DWORD length = processStatus().moduleFileName(handleOf(process), nullptr, path, kLongest + 1);
+    if (length == 0 || length > kLongest) return std::nullopt;
+    return narrowText({path, length});
 }
 
 std::optional<ProcessTimes> processTimes(const ProcessHandle& process) {

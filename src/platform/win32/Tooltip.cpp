@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "platform/Window.h"
-#include "platform/win32/CharacterCut.h"
+#include "platform/win32/WideText.h"
 #include "platform/win32/Win32.h"
 #include "platform/win32/WindowData.h"
 
@@ -13,7 +13,7 @@ namespace platform {
 
 namespace {
 
-constexpr std::size_t kLongestTitle = 99;  // the field is 100 bytes long
+constexpr std::size_t kLongestTitle = 99;  // UTF-16 units; a longer one is refused
 constexpr int kLongestDelay = 32767;       // milliseconds; the time is half of a number
 // Pixels; only a balloon with a limit takes CR LF for the end of a line.
 constexpr LPARAM kWidestText = 500;
@@ -81,8 +81,12 @@ bool addTool(const TooltipHandle& tooltip, const Window& target, const std::stri
 
 void setTooltipTitle(const TooltipHandle& tooltip, const std::string& title) {
     if (!tooltip) return;
-    const std::string shown = cutAtCharacter(title, kLongestTitle);
-    SendMessageA(hwndOf(tooltip), TTM_SETTITLEA, TTI_INFO, reinterpret_cast<LPARAM>(shown.c_str()));
+    std::wstring shown = wideText(title);
+    if (shown.size() > kLongestTitle) {
+        const bool splitsPair = IS_SURROGATE_PAIR(shown[kLongestTitle - 1], shown[kLongestTitle]);
+        shown.resize(splitsPair ? kLongestTitle - 1 : kLongestTitle);
+    }
+    SendMessageW(hwndOf(tooltip), TTM_SETTITLEW, TTI_INFO, reinterpret_cast<LPARAM>(shown.c_str()));
 }
 
 void setTooltipDelays(const TooltipHandle& tooltip, int autoPop, int initial) {

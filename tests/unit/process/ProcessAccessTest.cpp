@@ -86,11 +86,20 @@ TEST_CASE_FIXTURE(Bench, "Failures count once each, and reads give nothing") {
 
 TEST_CASE_FIXTURE(Bench, "Module paths become the paths people know") {
     sim::putFile("C:\\WINDOWS\\System32\\smss.exe", "");
-    const std::pair<const char*, const char*> paths[] = {
+    std::string japanese = "C:\\";  // a path of 94 letters that takes 268 bytes
+    for (int letter = 0; letter < 87; ++letter) japanese += "\xE3\x82\xAB";
+    japanese += ".exe";
+    sim::putFile(japanese, "");
+    const std::string longest = "C:\\" + std::string(256, 'x');
+    sim::putFile(longest, "");
+    const std::pair<std::string, std::string> paths[] = {
         {"\\??\\C:\\APPS\\App.exe", "C:\\Apps\\app.exe"},
         {"\\SystemRoot\\System32\\smss.exe", "C:\\WINDOWS\\system32\\smss.exe"},
         {"\\systemroot\\System32\\smss.exe", ""},
         {"C:\\deleted.exe", ""},
+        {japanese, japanese},
+        {longest, longest},
+        {longest + "x", ""},
     };
     const auto id = Add("app.exe");
     for (const auto& [module, known] : paths) {
