@@ -57,9 +57,11 @@ bool JrForm::Start(const std::string& arguments) {
     if (AloneNow()) {
         Begin();
     } else {
-        timer_ = platform::startTimer(kWaitMilliseconds, [this](std::uintptr_t) { WaitForOther(); });
+        timer_ = platform::startTimer(kWaitMilliseconds,
+                                      [this](std::uintptr_t) { mutex_ ? StartTicking() : WaitForOther(); });
+        if (!timer_) End();
     }
-    return true;
+    return exists();
 }
 
 // Never shown. A main window all the same: only such a one is told that the shell has come back.
@@ -100,7 +102,16 @@ void JrForm::Begin() {
     access_.SetPriorityClass(platform::currentProcessId(), process::kAboveNormalPriority);
     trayIcon_.Add_Tray();
     UseProfile(profile_);
-    timer_ = platform::startTimer(kTickMilliseconds, [this](std::uintptr_t) { Tick(); });
+    StartTicking();
+}
+
+// When the system refuses the timer: again with the next tick of the one that waited, or when the user comes to the
+// icon.
+void JrForm::StartTicking() {
+    platform::TimerHandle timer = platform::startTimer(kTickMilliseconds, [this](std::uintptr_t) { Tick(); });
+    if (!timer) return;
+    timer_ = std::move(timer);
+    ticking_ = true;
 }
 
 void JrForm::End() {
@@ -172,6 +183,7 @@ void JrForm::onDestroyed() {
 
 // There is no window that a click on the icon could show: the left button, too, leads to the menu.
 void JrForm::Notified(platform::TrayEvent event) {
+    if (mutex_ && !ticking_) StartTicking();
     if (event != platform::TrayEvent::LeftUp && event != platform::TrayEvent::RightUp) return;
     if (msgBoxes_.Showing()) {
         platform::beep();

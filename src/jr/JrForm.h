@@ -48,6 +48,7 @@ private:
     bool AloneNow();
     void WaitForOther();
     void Begin();
+    void StartTicking();
     void End();
 
     void Tick();
@@ -75,6 +76,7 @@ private:
     tray::TrayIcon trayIcon_;
     platform::MutexHandle mutex_;
     platform::TimerHandle timer_;
+    bool ticking_ = false;  // timer_ is that of Tick
     int waits_ = 0;
     bool resting_ = false;  // this tick does without a look at the processes
     bool menuOpen_ = false;

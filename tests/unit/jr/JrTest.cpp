@@ -133,6 +133,30 @@ TEST_CASE_FIXTURE(Machine, "favourites are set at the start, as they come, and f
     CHECK(ClassOf(late) == kNormal);
 }
 
+TEST_CASE_FIXTURE(Machine, "a timer that the system refuses is asked for again") {
+    SUBCASE("when the user comes to the icon") {
+        sim::refuseTimers(true);
+        Start();
+        sim::refuseTimers(false);
+        Choose(0);
+    }
+    SUBCASE("with the next tick of the one that waited for another copy") {
+        auto other = std::make_unique<jr::JrForm>();
+        REQUIRE(other->Start("/My Favs 4"));
+        Start();
+        sim::refuseTimers(true);
+        other.reset();
+        sim::run(100);
+        sim::refuseTimers(false);
+        sim::run(100);
+    }
+    CHECK(sim::openHandles("timer") == 1);
+    Tick(6);
+    const auto late = Run(kGame);
+    Tick(2);
+    CHECK(ClassOf(late) == kHigh);
+}
+
 TEST_CASE_FIXTURE(Machine, "Enforce sets them again at its interval, measured from the last time") {
     const auto game = Run(kGame);
     Start("/My Favs 3 /Enforce 30");
