@@ -160,8 +160,13 @@ TEST_CASE_FIXTURE(Desk,
         CHECK(waitFor([code = code] { return keyDown(code); }));
         CHECK_FALSE(keyDown(key::kAlt));
         CHECK(hears(std::string("a key ") + name + " " + number));
-        CHECK(handUntil(contract::clickOnScreen, b, {5, 6},
-                        [&] { return has(log, std::string("b down left ") + name + " held 5,6"); }));
+        // Again with each try: when the pointer moves Wine asks the real keyboard, which has the key up.
+        CHECK(waitFor([&, code = code, name = name] {
+            contract::moveKey(code, true);
+            contract::clickOnScreen(b, {5, 6});
+            pumpMessages();
+            return has(log, std::string("b down left ") + name + " held 5,6");
+        }));
         contract::moveKey(code, false);
         CHECK(waitFor([code = code] { return !keyDown(code); }));
         CHECK(hears("a keyup " + number));
