@@ -88,6 +88,9 @@ void refuseRunEntries(bool refuse);  // neither writing nor deleting works
 // ---- windows and input ----
 Window* findWindow(const std::string& title);  // by caption or instance name
 std::vector<Window*> topLevelWindows();
+// The shown controls directly inside a window, in the order in which Tab visits them.
+std::vector<Window*> controlsOf(const Window& window);
+bool isTabStop(const Window& control);  // Tab comes to it: it is a stop, and enabled
 struct Translucency {
     std::uint8_t alpha = 255;
     std::optional<Color> hole;

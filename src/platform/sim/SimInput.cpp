@@ -150,6 +150,20 @@ std::vector<Window*> topLevelWindows() {
     return found;
 }
 
+std::vector<Window*> controlsOf(const Window& window) {
+    std::vector<Window*> found;
+    for (const std::uintptr_t native : findRecord(window.native())->children) {
+        const WindowPointer child = findRecord(native);
+        if (child->shown && child->object != nullptr) found.push_back(child->object);
+    }
+    return found;
+}
+
+bool isTabStop(const Window& control) {
+    const WindowPointer record = findRecord(control.native());
+    return record->tabStop && record->enabled;
+}
+
 void setPointer(Window& window, Point at) {
     const Target target = aim(window.native(), at);
     leaveHovered();

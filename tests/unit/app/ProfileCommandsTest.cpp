@@ -72,12 +72,15 @@ TEST_CASE_FIXTURE(Desk, "Favourites are copied and moved to another profile, and
     CHECK(sim::file(kProfile2) == kHeader + kLineA);  // there already
     CHECK(sim::file(kProfile1) == kHeader + kLineB);
 
-    sim::doubleClick(Favorites(), {40, 30});
+    sim::pressKey(key::kRight);
+    REQUIRE(sim::launches().size() == 1);
+    sim::pressKey(key::kEnter);
     REQUIRE(sim::launches().size() == 2);
     CHECK_FALSE(sim::launches()[1].parameters);  // none at all, not an empty one
     Answer('Y');
     FavoritesMenu("Remove Selected");
     CHECK_FALSE(sim::file(kProfile1));
+    CHECK(form->Status().Favorites() == "  |    Favorites: 0");
     CHECK(sim::openHandles("timer") == 3);
 }
 
@@ -141,6 +144,7 @@ TEST_CASE_FIXTURE(Desk, "A parameter is edited in place") {
     CHECK(sim::launches().empty());  // the Enter was not for the list
     sim::clearLog();
     edit({1});
+    CHECK(sim::focusedWindow()->text() == "one two");
     sim::pressKey(key::kEnter);  // nothing was changed: nothing is saved
     edit({1});
     sim::typeText("three");
