@@ -206,7 +206,9 @@ class Build:
         words[at:at + 2] = [mutant_object, "-o", program]
         # A target of Windows also makes an import library; nobody needs it.
         words = [word for word in words if not word.startswith("-Wl,--out-implib")]
-        subprocess.run(words + list(options), cwd=self.folder, check=True, capture_output=True)
+        done = subprocess.run(words + list(options), cwd=self.folder, capture_output=True, check=False)
+        if done.returncode != 0:
+            sys.exit(f"mutants: {target} cannot be linked; was it built meanwhile?")
         return program
 
 
