@@ -77,6 +77,9 @@ TEST_CASE_FIXTURE(Desk, "One favourite gets another affinity and priority") {
     sim::clearLog();
     sim::pressKey(key::kSpace);
     sim::pressKey(key::kSpace);  // a touch that comes to nothing
+    std::string shown;
+    for (platform::Window* control : sim::controlsOf(*sim::findWindow(kPanel))) shown += TextOf(*control) + "\n";
+    CHECK(shown == "B.exe\nCPU 0\nCPU 1\nCPU 2\nCPU 3\nPriority\nLow\nClose\n");
     Close();
     Open({1});
     ToggleBox(1);

@@ -1,5 +1,7 @@
 // The life of the program as its machine sees it: the order of its way up and down, one copy at a time, in the
 // notification area and back.
+#include <array>
+
 #include "AppFixture.h"
 
 using namespace apptest;
@@ -156,6 +158,12 @@ TEST_CASE_FIXTURE(Machine, "The close box hides the window, and the icon brings 
         CHECK(RowOf(last) >= 0);
         CHECK(sim::openHandles("timer") == 3);
     }
+    platform::Window& splitter = *sim::findWindow("SplitBar");
+    const int left = splitter.bounds().left;
+    sim::mouseDown(splitter, {1, 50});
+    sim::setPointer(splitter, {-19, 50});
+    sim::mouseUp(splitter, {1, 50});
+    CHECK(splitter.bounds().left == left - 20);
     sim::endProcess(last);
     sim::endProcess(late);  // which no tick has seen in the window
     Tick();
@@ -328,8 +336,13 @@ TEST_CASE_FIXTURE(Machine, "Tips explain buttons, rows and gauges, unless the us
     CHECK(enforce.autoPop == 7000);
     const sim::Tip row = over(Favorites(), {40, 30});
     CHECK(row.title + "|" + row.text == "Fav.exe|C:\\Apps\\fav.exe\r\n-x");
-    CHECK(over(*sim::findWindow("ProgressBar1"), {5, 5}).title == "Physical Memory Available (K)");
-    CHECK(over(*sim::findWindow("ProgressBar2"), {5, 5}).title == "Total CPU Usage");
+    for (const auto& [name, shown, title] :
+         {std::array<std::string, 3>{"ProgressBar1", "Mem Free: 50 %", "Physical Memory Available (K)"},
+          std::array<std::string, 3>{"ProgressBar2", "CPU: 100 %", "Total CPU Usage"}}) {
+        platform::Window& gauge = *sim::findWindow(name);
+        CHECK(TextOf(gauge) == shown);
+        CHECK(over(gauge, {5, 5}).title == title);
+    }
     CHECK(over(*sim::findWindow("Status"), {5, 5}).title.empty());
     Exit();
     Store("ShowTips", "0");
