@@ -103,6 +103,7 @@ TEST_CASE_FIXTURE(Machine, "digits come from the strip of their size, in the col
 
 TEST_CASE_FIXTURE(Machine, "without a picture there is no icon, and nothing is left open") {
     for (const int bad : {-1, 4, INT_MIN, INT_MAX}) CHECK(tray::MeterTypeFromSetting(bad) == MeterType::Disabled);
+    for (const int good : {0, 3}) CHECK(static_cast<int>(tray::MeterTypeFromSetting(good)) == good);
     const int before = sim::openHandles();
     sim::setPictureResource(106, {0, 0});  // missing
     for (const auto type : {MeterType::Disabled, MeterType::NumberSmall}) CHECK_FALSE(Meter(type, kRed).Draw(50));
