@@ -314,6 +314,7 @@ TEST_CASE_FIXTURE(Desk, "By keyboard alone: the menu, the chooser, the buttons")
     ChooseNext("Add Selected To Favorites");
     sim::pressKey(key::kApps);
     CHECK(Favorites().ListCount() == 1);
+    CHECK(form->Priority().GetIndex() == 3);  // "Above", as the first row has it
     form->Priority().SelectItem(0);
     form->Priority().focus();
     sim::pressKey(key::kDown);

@@ -271,7 +271,9 @@ TEST_CASE_FIXTURE(Slider, "A slider is moved with the keyboard") {
     for (const std::uint16_t code :
          {key::kRight, key::kDown, key::kLeft, key::kUp, key::kPageDown, key::kPageUp, key::kEnd, key::kEnd,
           key::kRight, key::kHome, key::kPageUp, key::kLeft, key::kSpace}) {
-        sim::pressKey(code);
+        sim::keyDown(code);
     }
     CHECK(changes == Values{101, 102, 101, 100, 116, 100, 255, 0});
+    sim::keyUp(key::kRight);
+    CHECK(slider.Value() == 0);
 }

@@ -67,6 +67,9 @@ TEST_CASE("A combo box keeps its index whatever happens to its items") {
     CHECK(face().empty());
     for (const char* text : {"one", "two", "three"}) box.AddItem(text);
     CHECK(face() == "three");
+    box.setBounds(Rect::fromSize({50, 40}, box.PreferredSize()));
+    CHECK(combo.Painted("text").front().area.width() >= textSize("three", Font::Normal).width);
+    box.setBounds({50, 40, 50 + kWidth, 40 + kItem + 2});
     box.Clear();
     CHECK(box.GetIndex() == 2);
     CHECK(face().empty());

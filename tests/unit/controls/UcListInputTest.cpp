@@ -291,6 +291,7 @@ TEST_CASE_FIXTURE(ListFixture, "TopIndex is clamped, deferred, and exact within 
     list.SelectItem(40, true);
     CHECK(list.SelectedTopPosition() == 3);
     list.RemoveItem(0);
+    CHECK(list.SelectedRows() == std::vector<int>{39});
     list.SetSelectedTopPosition(3);
     CHECK(list.TopIndex() == 36);
     list.SetTopIndex(49);
