@@ -76,6 +76,20 @@ TEST_CASE_FIXTURE(Desk, "a balloon has its tools, texts and times, and comes to 
     CHECK(SendMessageA(hwnd, TTM_GETDELAYTIME, TTDT_AUTOPOP, 0) == 20000);
     CHECK(SendMessageA(hwnd, TTM_GETDELAYTIME, TTDT_INITIAL, 0) == 50);
     CHECK(textOf(hwnd, a) == text);
+    // A title is cut at 99 characters, however many bytes they take: seen by the width that the balloon wants.
+    const auto widthWith = [&](const std::string& letter, int count) {
+        std::string title;
+        for (int i = 0; i < count; ++i) title += letter;
+        setTooltipTitle(tooltip, title);
+        TTTOOLINFOA tool{};
+        tool.cbSize = TTTOOLINFOA_V2_SIZE;
+        tool.uFlags = TTF_IDISHWND;
+        tool.hwnd = hwndOf(a);
+        tool.uId = a.native();
+        return LOWORD(SendMessageA(hwnd, TTM_GETBUBBLESIZE, 0, reinterpret_cast<LPARAM>(&tool)));
+    };
+    CHECK(widthWith("\xD1\x8E", 99) > widthWith("\xD1\x8E", 98));
+    CHECK(widthWith("\xD1\x8E", 100) == widthWith("\xD1\x8E", 99));
     const LONG style = GetWindowLongA(hwnd, GWL_STYLE);
     CHECK((style & (TTS_ALWAYSTIP | TTS_NOPREFIX | TTS_BALLOON)) == (TTS_ALWAYSTIP | TTS_NOPREFIX | TTS_BALLOON));
     CHECK((GetWindowLongA(hwnd, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0);
