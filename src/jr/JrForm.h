@@ -34,7 +34,7 @@ public:
 
     // Comes up with what the program was started with. False when there is nothing to run: the arguments are wrong,
     // which the user has been told, or there can be no window. While another copy runs this one waits a moment for
-    // it to go, and else tells that and goes itself.
+    // it to go; if that does not, this one says so and ends.
     bool Start(const std::string& arguments);
 
 protected:

@@ -8,8 +8,8 @@
 namespace platform {
 
 // Which of these keys are down at the moment of an event. Their own presses and releases count: a press of Shift
-// has `shift` set, its release has not. Nobody need remember them: one that is let go while a menu is open is told
-// to no window.
+// has `shift` set, its release has not. Do not keep track of them: no window is told of a key let go while a menu
+// is open.
 struct Modifiers {
     bool shift = false;
     bool ctrl = false;

@@ -22,7 +22,7 @@ public:
     IconCache(std::string baseFolder, std::string folder, int defaultIcon);
 
     // What a file name's icon is kept under: the name in lower case, from behind the last "\", "/" or ":" on. A
-    // name that is read from a file may hold anything, and would else lead to files elsewhere.
+    // name that is read from a file may hold anything, and could lead to files in other folders.
     static std::string KeyOf(std::string_view fileName);
 
     // Empties the strip, and forgets the pictures read so far.

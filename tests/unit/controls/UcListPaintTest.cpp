@@ -211,7 +211,7 @@ TEST_CASE_FIXTURE(PaintedList, "a refill invalidates only what looks different")
     CHECK(list.TopIndex() == 0);
 }
 
-TEST_CASE_FIXTURE(PaintedList, "a list that is created again begins anew") {
+TEST_CASE_FIXTURE(PaintedList, "a list that is created again starts empty") {
     Fill(40);
     sim::mouseDown(list, Part(&UcListLayout::vertical, kSecondArrow));  // the repaint for it waits
     list.SetLocked(true);
